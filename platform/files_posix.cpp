@@ -1,0 +1,461 @@
+// SPDX-License-Identifier: MIT
+#include "platform/files.h"
+
+#include "platform/basic_text.h"
+#include "platform/paths.h"
+#include "platform/runtime_error.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QSaveFile>
+
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
+#include <utility>
+#include <vector>
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace files
+{
+
+namespace
+{
+
+[[noreturn]] void throwErrno(int error, ErrorNumber whenMissing)
+{
+    switch (error) {
+    case ENOENT:
+        throw RuntimeError(whenMissing);
+    case ENOTDIR:
+    case ELOOP:
+        throw RuntimeError(ErrorNumber::PathNotFound);
+    case EACCES:
+    case EPERM:
+    case EISDIR:
+        throw RuntimeError(ErrorNumber::PathFileAccess);
+    case EROFS:
+    case EBUSY:
+    case ETXTBSY:
+        throw RuntimeError(ErrorNumber::PermissionDenied);
+    case ENOSPC:
+    case EDQUOT:
+    case EFBIG:
+        throw RuntimeError(ErrorNumber::DiskFull);
+    case ENAMETOOLONG:
+    case EINVAL:
+        throw RuntimeError(ErrorNumber::BadFileName);
+    default:
+        throw RuntimeError(ErrorNumber::DeviceIoError);
+    }
+}
+
+/// A file descriptor that closes itself.
+class Handle
+{
+public:
+    explicit Handle(int descriptor = -1) : m_descriptor(descriptor) {}
+
+    ~Handle()
+    {
+        if (m_descriptor >= 0) {
+            ::close(m_descriptor);
+        }
+    }
+
+    Handle(const Handle &) = delete;
+    Handle &operator=(const Handle &) = delete;
+
+    int get() const { return m_descriptor; }
+
+    /// Closes now, so that what only the close reports is not lost.
+    void close()
+    {
+        const int descriptor = std::exchange(m_descriptor, -1);
+        if (::close(descriptor) != 0 && errno != EINTR) {
+            throwErrno(errno, ErrorNumber::DeviceIoError);
+        }
+    }
+
+    void reset(int descriptor)
+    {
+        if (m_descriptor >= 0) {
+            ::close(m_descriptor);
+        }
+        m_descriptor = descriptor;
+    }
+
+private:
+    int m_descriptor;
+};
+
+QByteArray hostName(const QString &path)
+{
+    return QFile::encodeName(paths::toHost(path));
+}
+
+/// File not found when only the file is missing, Path not found when its folder is too.
+ErrorNumber missing(const QByteArray &host)
+{
+    const QByteArray folder = host.first(std::max<qsizetype>(host.lastIndexOf('/'), 1));
+    struct stat info = {};
+    return ::stat(folder.constData(), &info) == 0 && S_ISDIR(info.st_mode)
+               ? ErrorNumber::FileNotFound
+               : ErrorNumber::PathNotFound;
+}
+
+int openOrThrow(const QByteArray &host, int flags)
+{
+    const int descriptor = ::open(host.constData(), flags | O_CLOEXEC, 0666);
+    if (descriptor < 0) {
+        const int error = errno;
+        throwErrno(error, error == ENOENT ? missing(host) : ErrorNumber::FileNotFound);
+    }
+    return descriptor;
+}
+
+/// The length of an open file; a folder is no file.
+qint64 lengthOf(int descriptor)
+{
+    struct stat info = {};
+    if (::fstat(descriptor, &info) != 0) {
+        throwErrno(errno, ErrorNumber::FileNotFound);
+    }
+    if (S_ISDIR(info.st_mode)) {
+        throw RuntimeError(ErrorNumber::PathFileAccess);
+    }
+    return info.st_size;
+}
+
+/// Reads on from the `filled` bytes that the buffer holds already, to the end of the file.
+void readRest(int descriptor, qsizetype filled, QByteArray &buffer)
+{
+    for (;;) {
+        const ssize_t count = ::read(descriptor, buffer.data() + filled,
+                                     static_cast<std::size_t>(buffer.size() - filled));
+        if (count < 0 && errno == EINTR) {
+            continue;
+        }
+        if (count < 0) {
+            throwErrno(errno, ErrorNumber::FileNotFound);
+        }
+        filled += count;
+        if (count == 0) {
+            break;
+        }
+        if (filled == buffer.size()) {
+            buffer.resize(buffer.size() * 2);
+        }
+    }
+    buffer.resize(filled);
+}
+
+/// The number of bytes written before a write failed, with the error it failed with (0: none).
+struct WriteResult {
+    qsizetype written = 0;
+    int error = 0;
+};
+
+WriteResult writeBytes(int descriptor, const QByteArray &bytes)
+{
+    WriteResult result;
+    while (result.written < bytes.size() && result.error == 0) {
+        const ssize_t count = ::write(descriptor, bytes.constData() + result.written,
+                                      static_cast<std::size_t>(bytes.size() - result.written));
+        if (count >= 0) {
+            result.written += count;
+        } else if (errno != EINTR) {
+            result.error = errno;
+        }
+    }
+    return result;
+}
+
+/// Whether the file ends within a line. A file that may not be read is taken to be complete.
+bool endsWithinLine(const QByteArray &host, qint64 length)
+{
+    const Handle file(::open(host.constData(), O_RDONLY | O_CLOEXEC));
+    char last = '\n';
+    if (length == 0 || file.get() < 0 || ::pread(file.get(), &last, 1, length - 1) != 1) {
+        return false;
+    }
+    return last != '\n' && last != '\r';
+}
+
+/// Calls `visit(name, type)` for each entry of a folder but "." and "..".
+template <typename Visit>
+void forEachEntry(int folder, Visit visit)
+{
+    DIR *const stream = ::fdopendir(folder);
+    if (stream == nullptr) {
+        throwErrno(errno, ErrorNumber::PathNotFound);
+    }
+    while (const dirent *entry = ::readdir(stream)) {
+        const QByteArrayView name(entry->d_name);
+        if (name != "." && name != "..") {
+            visit(*entry, ::dirfd(stream));
+        }
+    }
+    ::closedir(stream);
+}
+
+int openFolder(const QByteArray &host)
+{
+    const int descriptor = ::open(host.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor < 0) {
+        throwErrno(errno, ErrorNumber::PathNotFound);
+    }
+    return descriptor;
+}
+
+bool isFolderEntry(const dirent &entry, int parent)
+{
+    if (entry.d_type == DT_DIR) {
+        return true;
+    }
+    if (entry.d_type != DT_LNK && entry.d_type != DT_UNKNOWN) {
+        return false;
+    }
+    struct stat info = {};
+    return ::fstatat(parent, entry.d_name, &info, 0) == 0 && S_ISDIR(info.st_mode);
+}
+
+void sortBlindToCase(QStringList &names)
+{
+    // Lowered once, not at each comparison: an aircraft directory holds thousands.
+    std::vector<std::pair<QString, QString>> keyed;
+    keyed.reserve(static_cast<std::size_t>(names.size()));
+    for (const QString &name : names) {
+        keyed.emplace_back(basic::lower(name), name);
+    }
+    std::sort(keyed.begin(), keyed.end());
+    std::transform(keyed.begin(), keyed.end(), names.begin(),
+                   [](const auto &entry) { return entry.second; });
+}
+
+/// "aircraft*.txt" as a regular expression, blind to case.
+QRegularExpression patternExpression(const QString &pattern)
+{
+    return QRegularExpression(
+        QRegularExpression::wildcardToRegularExpression(QString(pattern).replace('\\', '/')),
+        QRegularExpression::CaseInsensitiveOption);
+}
+
+/// A limit on file sizes must come back as an error of the write, not as a signal that ends us.
+const bool fileSizeSignalIgnored = std::signal(SIGXFSZ, SIG_IGN) != SIG_ERR;
+
+} // namespace
+
+QByteArray readAll(const QString &path)
+{
+    const Handle file(openOrThrow(hostName(path), O_RDONLY));
+    QByteArray bytes(lengthOf(file.get()) + 1, Qt::Uninitialized); // one more sees the end at once
+    readRest(file.get(), 0, bytes);
+    return bytes;
+}
+
+qint64 length(const QString &path)
+{
+    const Handle file(openOrThrow(hostName(path), O_RDONLY));
+    return lengthOf(file.get());
+}
+
+qint64 openForAppend(const QString &path)
+{
+    Handle file(openOrThrow(hostName(path), O_WRONLY | O_APPEND | O_CREAT));
+    const qint64 size = lengthOf(file.get());
+    file.close();
+    return size;
+}
+
+void appendLines(const QString &path, const QByteArray &bytes)
+{
+    const QByteArray host = hostName(path);
+    Handle file(openOrThrow(host, O_WRONLY | O_APPEND | O_CREAT));
+    const qint64 before = lengthOf(file.get());
+    const WriteResult result =
+        writeBytes(file.get(), endsWithinLine(host, before) ? "\r\n" + bytes : bytes);
+    if (result.error != 0) {
+        if (result.written > 0 && ::ftruncate(file.get(), before) != 0) {
+            // Half an entry stays then; the error that caused it is the one to report.
+            throwErrno(result.error, ErrorNumber::FileNotFound);
+        }
+        throwErrno(result.error, ErrorNumber::FileNotFound);
+    }
+    file.close();
+}
+
+void writeAll(const QString &path, const QByteArray &bytes)
+{
+    const QByteArray host = hostName(path);
+    // Opening for writing first refuses what a rename would silently replace: a read-only file.
+    Handle(openOrThrow(host, O_WRONLY | O_CREAT)).close();
+    QSaveFile file(QFile::decodeName(host));
+    if (!file.open(QIODevice::WriteOnly)) {
+        // The folder takes no new files, but the file itself may be written.
+        Handle direct(openOrThrow(host, O_WRONLY | O_TRUNC));
+        const WriteResult result = writeBytes(direct.get(), bytes);
+        if (result.error != 0) {
+            throwErrno(result.error, ErrorNumber::FileNotFound);
+        }
+        direct.close();
+        return;
+    }
+    if (file.write(bytes) != bytes.size() || !file.commit()) {
+        throwErrno(file.error() == QFileDevice::ResourceError ? ENOSPC : errno,
+                   ErrorNumber::DeviceIoError);
+    }
+}
+
+void copy(const QString &from, const QString &to)
+{
+    writeAll(to, readAll(from));
+}
+
+void remove(const QString &path)
+{
+    const QByteArray host = hostName(path);
+    if (::unlink(host.constData()) != 0) {
+        const int error = errno;
+        throwErrno(error, error == ENOENT ? missing(host) : ErrorNumber::FileNotFound);
+    }
+}
+
+bool exists(const QString &path)
+{
+    try {
+        struct stat info = {};
+        return ::stat(hostName(path).constData(), &info) == 0;
+    } catch (const RuntimeError &) {
+        return false; // a name that cannot exist does not
+    }
+}
+
+bool isFolder(const QString &path)
+{
+    try {
+        struct stat info = {};
+        return ::stat(hostName(path).constData(), &info) == 0 && S_ISDIR(info.st_mode);
+    } catch (const RuntimeError &) {
+        return false; // a name that cannot exist is no folder
+    }
+}
+
+void requireFolder(const QString &path)
+{
+    const Handle folder(openFolder(hostName(path)));
+}
+
+QStringList subFolders(const QString &path)
+{
+    QStringList names;
+    forEachEntry(openFolder(hostName(path)), [&](const dirent &entry, int parent) {
+        if (entry.d_name[0] != '.' && isFolderEntry(entry, parent)) {
+            const QString name = QFile::decodeName(entry.d_name);
+            if (paths::isValidName(name)) {
+                names += name;
+            }
+        }
+    });
+    sortBlindToCase(names);
+    return names;
+}
+
+QStringList filesMatching(const QString &path, const QString &pattern)
+{
+    const QRegularExpression expression = patternExpression(pattern);
+    QStringList names;
+    forEachEntry(openFolder(hostName(path)), [&](const dirent &entry, int parent) {
+        if (isFolderEntry(entry, parent)) {
+            return;
+        }
+        const QString name = QFile::decodeName(entry.d_name);
+        if (expression.match(name).hasMatch() && paths::isValidName(name)) {
+            names += name;
+        }
+    });
+    sortBlindToCase(names);
+    return names;
+}
+
+struct SubFolderReader::Private {
+    QString path;
+    Handle folder;
+    Handle file;        ///< what find() found, open
+    int error = 0;      ///< why it could not be opened or read
+    QByteArray content; ///< its beginning
+    qsizetype filled = 0;
+
+    /// Opens a file and reads what one call gives, which is all of nearly every aircraft.cfg.
+    void openFile(int parent, const QByteArray &name)
+    {
+        constexpr qsizetype firstRead = 65536; // bytes
+        content.resize(firstRead);
+        file.reset(::openat(parent, name.constData(), O_RDONLY | O_CLOEXEC));
+        filled = file.get() < 0 ? -1 : ::read(file.get(), content.data(), firstRead);
+        error = filled < 0 ? errno : 0;
+    }
+
+    int openSubFolder(const QString &name) const
+    {
+        const int descriptor = ::openat(folder.get(), QFile::encodeName(name).constData(),
+                                        O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+        // A name that this system's encoding cannot hold is still found by looking for it.
+        return descriptor < 0 && errno == ENOENT ? openFolder(hostName(paths::join(path, name)))
+                                                 : descriptor;
+    }
+};
+
+SubFolderReader::SubFolderReader(const QString &folder) : d(std::make_unique<Private>())
+{
+    d->path = folder;
+    d->folder.reset(openFolder(hostName(folder)));
+}
+
+SubFolderReader::~SubFolderReader() = default;
+
+QString SubFolderReader::find(const QString &subFolder, const QString &name)
+{
+    // Nearly always the name is spelled as expected: then one call both finds and opens it.
+    d->openFile(d->folder.get(), QFile::encodeName(subFolder + '/' + name));
+    if (d->error == 0) {
+        return name;
+    }
+    Handle parent(d->openSubFolder(subFolder));
+    if (parent.get() < 0) {
+        throwErrno(errno, ErrorNumber::PathNotFound);
+    }
+    QByteArray onDisk;
+    forEachEntry(::dup(parent.get()), [&](const dirent &entry, int folder) {
+        if (onDisk.isEmpty() && !isFolderEntry(entry, folder) &&
+            QFile::decodeName(entry.d_name).compare(name, Qt::CaseInsensitive) == 0) {
+            onDisk = entry.d_name;
+        }
+    });
+    if (!onDisk.isEmpty()) {
+        d->openFile(parent.get(), onDisk);
+    }
+    return QFile::decodeName(onDisk);
+}
+
+const QByteArray &SubFolderReader::read()
+{
+    if (d->error != 0) {
+        throwErrno(d->error, ErrorNumber::FileNotFound);
+    }
+    if (d->filled < d->content.size()) {
+        d->content.resize(d->filled); // the file ended before the buffer did
+    } else {
+        d->content.resize(2 * d->filled);
+        readRest(d->file.get(), d->filled, d->content);
+    }
+    d->file.reset(-1);
+    return d->content;
+}
+
+} // namespace files

@@ -1,0 +1,205 @@
+// SPDX-License-Identifier: MIT
+#include "platform/list_box.h"
+
+#include <QAbstractListModel>
+#include <QBitArray>
+#include <QFontMetrics>
+#include <QKeyEvent>
+#include <QStyledItemDelegate>
+
+#include <algorithm>
+
+class ListBoxModel : public QAbstractListModel
+{
+public:
+    using QAbstractListModel::QAbstractListModel;
+
+    int rowCount(const QModelIndex &parent = {}) const override
+    {
+        return parent.isValid() ? 0 : static_cast<int>(items.size());
+    }
+
+    QVariant data(const QModelIndex &index, int role) const override
+    {
+        if (role == Qt::DisplayRole) {
+            return items.value(index.row());
+        }
+        if (role == Qt::CheckStateRole && checkBoxes) {
+            return checked.testBit(index.row()) ? Qt::Checked : Qt::Unchecked;
+        }
+        return {};
+    }
+
+    bool setData(const QModelIndex &index, const QVariant &value, int role) override
+    {
+        if (role != Qt::CheckStateRole) {
+            return false;
+        }
+        setChecked(index.row(), index.row(), value.toInt() == Qt::Checked);
+        return true;
+    }
+
+    Qt::ItemFlags flags(const QModelIndex &index) const override
+    {
+        const Qt::ItemFlags flags = QAbstractListModel::flags(index);
+        return checkBoxes ? flags | Qt::ItemIsUserCheckable : flags;
+    }
+
+    void replace(const QStringList &newItems)
+    {
+        beginResetModel();
+        items = newItems;
+        checked = QBitArray(items.size());
+        checkedCount = 0;
+        endResetModel();
+    }
+
+    void append(const QString &item)
+    {
+        beginInsertRows({}, rowCount(), rowCount());
+        items += item;
+        checked.resize(items.size());
+        endInsertRows();
+    }
+
+    void setChecked(int first, int last, bool on)
+    {
+        for (int row = first; row <= last; ++row) {
+            if (checked.testBit(row) != on) {
+                checked.setBit(row, on);
+                checkedCount += on ? 1 : -1;
+            }
+        }
+        Q_EMIT dataChanged(index(first), index(last), {Qt::CheckStateRole});
+    }
+
+    QStringList items;
+    QBitArray checked;
+    int checkedCount = 0;
+    bool checkBoxes = false;
+};
+
+namespace
+{
+
+constexpr int rowSpacing = 4; // pixels between two entries, so that a long list stays readable
+
+/// Gives every entry the width of the longest one, so that the list scrolls far enough without
+/// measuring thousands of texts. The text with the most characters stands for the widest.
+class EntryDelegate : public QStyledItemDelegate
+{
+public:
+    EntryDelegate(const ListBoxModel &model, QObject *parent)
+        : QStyledItemDelegate(parent), m_model(model)
+    {
+    }
+
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        const auto longest = std::max_element(
+            m_model.items.begin(), m_model.items.end(),
+            [](const QString &a, const QString &b) { return a.size() < b.size(); });
+        const QSize size = QStyledItemDelegate::sizeHint(option, index);
+        const int extra = option.fontMetrics.horizontalAdvance(*longest) -
+                          option.fontMetrics.horizontalAdvance(index.data().toString());
+        return {size.width() + std::max(extra, 0), size.height() + rowSpacing};
+    }
+
+private:
+    const ListBoxModel &m_model;
+};
+
+} // namespace
+
+ListBox::ListBox(QWidget *parent) : QListView(parent), m_model(new ListBoxModel(this))
+{
+    setModel(m_model);
+    setItemDelegate(new EntryDelegate(*m_model, this));
+    setUniformItemSizes(true);
+    setTextElideMode(Qt::ElideNone);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    connect(this, &QListView::clicked, this, [this](const QModelIndex &entry) {
+        setCurrentIndex(entry); // a click on a check mark alone would leave the old one current
+        Q_EMIT entryClicked();
+    });
+    connect(this, &QListView::doubleClicked, this, &ListBox::entryDoubleClicked);
+}
+
+bool ListBox::checkBoxes() const
+{
+    return m_model->checkBoxes;
+}
+
+void ListBox::setCheckBoxes(bool on)
+{
+    m_model->checkBoxes = on;
+}
+
+int ListBox::count() const
+{
+    return m_model->rowCount();
+}
+
+QString ListBox::text(int index) const
+{
+    return m_model->items.value(index);
+}
+
+const QStringList &ListBox::items() const
+{
+    return m_model->items;
+}
+
+void ListBox::setItems(const QStringList &items)
+{
+    m_model->replace(items);
+}
+
+void ListBox::addItem(const QString &item)
+{
+    m_model->append(item);
+}
+
+bool ListBox::selected(int index) const
+{
+    return m_model->checked.testBit(index);
+}
+
+void ListBox::setSelected(int index, bool on)
+{
+    m_model->setChecked(index, index, on);
+}
+
+void ListBox::setSelected(int first, int last, bool on)
+{
+    m_model->setChecked(first, last, on);
+}
+
+int ListBox::selectedCount() const
+{
+    return m_model->checkedCount;
+}
+
+int ListBox::listIndex() const
+{
+    return currentIndex().row();
+}
+
+void ListBox::setListIndex(int index)
+{
+    setCurrentIndex(index < 0 ? QModelIndex() : m_model->index(index));
+}
+
+void ListBox::keyPressEvent(QKeyEvent *event)
+{
+    if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && listIndex() >= 0) {
+        Q_EMIT entryDoubleClicked();
+        return;
+    }
+    const int before = selectedCount();
+    QListView::keyPressEvent(event);
+    if (selectedCount() != before) {
+        Q_EMIT entryTickedByKey();
+    }
+}

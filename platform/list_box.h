@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+// The classic list box: a column of texts with a current entry and, on demand, check marks.
+#pragma once
+
+#include <QListView>
+#include <QStringList>
+
+class ListBoxModel;
+
+class ListBox : public QListView
+{
+    Q_OBJECT
+    Q_PROPERTY(bool checkBoxes READ checkBoxes WRITE setCheckBoxes)
+
+public:
+    explicit ListBox(QWidget *parent = nullptr);
+
+    bool checkBoxes() const;
+    void setCheckBoxes(bool on);
+
+    int count() const;
+    QString text(int index) const; ///< empty for an index there is not
+    const QStringList &items() const;
+
+    /// Replaces all entries at once; none is current or checked then.
+    void setItems(const QStringList &items);
+    void addItem(const QString &item);
+
+    void clear() { setItems({}); }
+
+    bool selected(int index) const; ///< whether the entry is checked
+    void setSelected(int index, bool on);
+    void setSelected(int first, int last, bool on); ///< a run of entries, both ends included
+    int selectedCount() const;
+
+    int listIndex() const; ///< the current entry, -1 for none
+    void setListIndex(int index);
+
+Q_SIGNALS:
+    void entryClicked();       ///< with the mouse, on an entry or its check mark
+    void entryDoubleClicked(); ///< with the mouse, or Enter on the current entry
+    void entryTickedByKey();
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    ListBoxModel *m_model;
+};

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+// Starting other programs, and opening documents with the program they belong to.
+#pragma once
+
+#include <QString>
+
+#include <memory>
+
+/// A started program. Dropping the object leaves the program running.
+class Process
+{
+public:
+    static constexpr int stillActive = 259; ///< exit code reported while the program runs
+
+    virtual ~Process() = default;
+
+    /// The exit code; 259 while the program runs.
+    virtual int exitCode() = 0;
+};
+
+/// The door to other programs, which a test replaces.
+class ProcessStarter
+{
+public:
+    virtual ~ProcessStarter() = default;
+
+    /// Starts a command line: a program, a blank, and the rest of the line as one argument. No
+    /// shell sees it. A program path may hold blanks: the shortest leading part that names a
+    /// program is taken, or what stands between leading double quotes. A program is looked for as
+    /// given, in the system directory, the Windows directory, then on the PATH; never in the
+    /// current directory. `windowStyle` is the show-window value (1: a normal window), a hint.
+    /// Returns the program, or nothing when it was started but cannot be watched.
+    /// Throws RuntimeError: File not found (53), Path/File access error (75).
+    virtual std::unique_ptr<Process> start(const QString &commandLine, int windowStyle) = 0;
+
+    /// Opens a document (Windows path) with the program it belongs to, as a double-click would.
+    /// Throws RuntimeError: File not found (53).
+    virtual void openDocument(const QString &path) = 0;
+};
+
+/// The programs and documents of this machine.
+class SystemProcesses : public ProcessStarter
+{
+public:
+    std::unique_ptr<Process> start(const QString &commandLine, int windowStyle) override;
+    void openDocument(const QString &path) override;
+};

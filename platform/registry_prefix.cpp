@@ -1,0 +1,178 @@
+// SPDX-License-Identifier: MIT
+// The registry of the Wine prefix that the program lives in.
+#include "platform/registry_prefix.h"
+#include "platform/reg_file.h"
+#include "platform/runtime_error.h"
+
+#include "platform/paths.h"
+
+#include <QDateTime>
+#include <QFile>
+#include <QFileInfo>
+#include <QProcess>
+#include <QSaveFile>
+#include <QStandardPaths>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace
+{
+
+QString fileOf(RegistryHive hive)
+{
+    return paths::prefix() + (hive == RegistryHive::LocalMachine ? "/system.reg" : "/user.reg");
+}
+
+/// A missing file is an empty registry.
+QByteArray readFile(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// The keys a 32-bit program sees under the name it asks for, the first first.
+QStringList viewsOf(RegistryHive hive, const QString &key)
+{
+    const QString software = QStringLiteral("Software\\");
+    if (hive == RegistryHive::LocalMachine && key.startsWith(software, Qt::CaseInsensitive)) {
+        return {software + "Wow6432Node\\" + key.sliced(software.size()), key};
+    }
+    return {key};
+}
+
+void replaceFile(const QString &path, const QByteArray &bytes)
+{
+    // A rename would get round a file that is read-only: it is opened first.
+    if (QFile old(path); old.exists() && !old.open(QIODevice::ReadWrite)) {
+        throw RuntimeError(ErrorNumber::PathFileAccess);
+    }
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly)) {
+        throw RuntimeError(ErrorNumber::PathFileAccess);
+    }
+    if (file.write(bytes) != bytes.size() || !file.commit()) {
+        throw RuntimeError(file.error() == QFileDevice::ResourceError ? ErrorNumber::DiskFull
+                                                                      : ErrorNumber::DeviceIoError);
+    }
+}
+
+/// Has Wine itself write, which holds the registry in memory while it runs.
+void addWithWine(RegistryHive hive, const QString &key, const QStringList &value)
+{
+    const QString root = hive == RegistryHive::LocalMachine ? "HKLM\\" : "HKCU\\";
+    QProcess wine;
+    wine.start("wine", QStringList{"reg", "add", root + key} + value + QStringList{"/f"});
+    if (!wine.waitForFinished(-1) || wine.exitStatus() != QProcess::NormalExit ||
+        wine.exitCode() != 0) {
+        throw RuntimeError(ErrorNumber::PathFileAccess);
+    }
+}
+
+class PrefixRegistry : public Registry
+{
+public:
+    std::optional<RegistryData> value(RegistryHive hive, const QString &key,
+                                      const QString &name) const override
+    {
+        const RegFile &file = current(hive);
+        for (const QString &view : viewsOf(hive, key)) {
+            if (const auto found = file.value(view, name)) {
+                return found;
+            }
+        }
+        return std::nullopt;
+    }
+
+    void createKey(RegistryHive hive, const QString &key) override
+    {
+        change(hive, key, {}, [&](RegFile &file, const QString &view, qint64 time) {
+            file.createKey(view, time);
+        });
+    }
+
+    void setValue(RegistryHive hive, const QString &key, const QString &name,
+                  const RegistryData &data) override
+    {
+        const auto *text = std::get_if<QString>(&data);
+        const QStringList forWine = {
+            "/v", name,
+            "/t", text != nullptr ? "REG_SZ" : "REG_DWORD",
+            "/d", text != nullptr ? *text : QString::number(std::get<std::uint32_t>(data))};
+        change(hive, key, forWine, [&](RegFile &file, const QString &view, qint64 time) {
+            file.setValue(view, name, data, time);
+        });
+    }
+
+private:
+    /// One file as last read; read again when it has changed.
+    struct Cached {
+        RegFile file{QByteArray()};
+        QString path;
+        QDateTime time;
+        qint64 size = -1;
+    };
+
+    const RegFile &current(RegistryHive hive) const
+    {
+        Cached &cached = m_cached[hive == RegistryHive::LocalMachine ? 0 : 1];
+        const QFileInfo info(fileOf(hive));
+        if (cached.path != info.filePath() || cached.time != info.lastModified() ||
+            cached.size != info.size()) {
+            cached = {RegFile(readFile(info.filePath())), info.filePath(), info.lastModified(),
+                      info.size()};
+        }
+        return cached.file;
+    }
+
+    template <typename Edit>
+    void change(RegistryHive hive, const QString &key, const QStringList &forWine, Edit edit)
+    {
+        const QString path = fileOf(hive);
+        const QByteArray before = readFile(path);
+        RegFile file(before);
+        edit(file, viewsOf(hive, key).first(), QDateTime::currentSecsSinceEpoch());
+        if (file.bytes() == before) {
+            return;
+        }
+        if (isWineRunning(paths::prefix(), "/tmp")) {
+            addWithWine(hive, viewsOf(hive, key).first(), forWine);
+        } else {
+            replaceFile(path, file.bytes());
+        }
+    }
+
+    mutable Cached m_cached[2];
+};
+
+} // namespace
+
+bool isWineRunning(const QString &prefix, const QString &temporaryFolder)
+{
+    struct stat info = {};
+    if (::stat(QFile::encodeName(prefix).constData(), &info) != 0) {
+        return false;
+    }
+    // Where Wine's server keeps its socket, named after the prefix's device and inode.
+    const QString lock = QStringLiteral("%1/.wine-%2/server-%3-%4/lock")
+                             .arg(temporaryFolder)
+                             .arg(::getuid())
+                             .arg(info.st_dev, 0, 16)
+                             .arg(info.st_ino, 0, 16);
+    const int file = ::open(QFile::encodeName(lock).constData(), O_RDONLY | O_CLOEXEC);
+    if (file < 0) {
+        return false;
+    }
+    struct flock held = {};
+    held.l_type = F_WRLCK;
+    held.l_whence = SEEK_SET;
+    const bool answered = ::fcntl(file, F_GETLK, &held) == 0;
+    ::close(file);
+    return answered && held.l_type != F_UNLCK;
+}
+
+std::unique_ptr<Registry> systemRegistry()
+{
+    return std::make_unique<PrefixRegistry>();
+}
