@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+// What every page may use.
+#pragma once
+
+#include "app/services/shell.h"
+#include "platform/registry.h"
+
+/// The doors to the outside world, which a test replaces.
+struct Outside {
+    Registry &registry;
+    ProcessStarter &processes;
+    Dialogs &dialogs;
+    const Clock &clock;
+};
+
+/// One of each, made by the main window and handed to its pages.
+struct Services {
+    explicit Services(const Outside &outside)
+        : registry(outside.registry),
+          dialogs(outside.dialogs),
+          clock(outside.clock),
+          log(state, clock),
+          errors(state, log, dialogs),
+          shell(state, errors, dialogs, outside.processes, clock)
+    {
+    }
+
+    FormState state;
+    Registry &registry;
+    Dialogs &dialogs;
+    const Clock &clock;
+    TraceLog log;
+    ErrorReport errors;
+    Shell shell;
+};

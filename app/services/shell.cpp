@@ -1,0 +1,144 @@
+// SPDX-License-Identifier: MIT
+#include "app/services/shell.h"
+
+#include "platform/files.h"
+#include "platform/paths.h"
+
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <QFileInfo>
+#include <QSet>
+#include <QThread>
+#include <QTimer>
+
+namespace
+{
+
+constexpr int secondsADay = 86400;
+constexpr qsizetype bufferLength = 260;
+
+/// Lets the window live until something happens or a short while has passed: no processor is burnt.
+void processEventsForAWhile()
+{
+    QEventLoop loop;
+    QTimer::singleShot(30, &loop, &QEventLoop::quit);
+    loop.processEvents(QEventLoop::WaitForMoreEvents);
+}
+
+/// The first file of a name below a folder, or empty. `visited` keeps links from leading in
+/// circles.
+QString findInTree(const QString &folder, const QString &name, QSet<QString> &visited)
+{
+    const QString real = QFileInfo(paths::toHost(folder)).canonicalFilePath();
+    if (visited.contains(real)) {
+        return {};
+    }
+    visited.insert(real);
+    try {
+        const QString candidate = paths::join(folder, name);
+        if (files::exists(candidate) && !files::isFolder(candidate)) {
+            return candidate;
+        }
+        for (const QString &subFolder : files::subFolders(folder)) {
+            const QString found = findInTree(paths::join(folder, subFolder), name, visited);
+            if (!found.isEmpty()) {
+                return found;
+            }
+        }
+    } catch (const RuntimeError &) {
+        return {}; // a folder that cannot be read holds nothing that could be run
+    }
+    return {};
+}
+
+} // namespace
+
+Shell::Shell(FormState &state, ErrorReport &errors, Dialogs &dialogs, ProcessStarter &processes,
+             const Clock &clock)
+    : m_state(state),
+      m_errors(errors),
+      m_dialogs(dialogs),
+      m_processes(processes),
+      m_clock(clock),
+      m_searchBuffer(bufferLength, ' ')
+{
+}
+
+bool Shell::Shellandwait(const QString &ExeFullPath, int TimeOutValue, int WindowStyle)
+{
+    try {
+        const int start = secondsSinceMidnight();
+        const std::unique_ptr<Process> process = m_processes.start(ExeFullPath, WindowStyle);
+        if (process) {
+            waitFor(*process, TimeOutValue, start);
+        }
+        return !m_state.ended;
+    } catch (const RuntimeError &error) {
+        m_errors.log(error);
+        m_dialogs.show({.prompt = "Error Handled. See log.",
+                        .title = "ShellandWait Error",
+                        .icon = MessageBox::Icon::Critical});
+        return false;
+    }
+}
+
+void Shell::waitFor(Process &process, int TimeOutValue, int start) const
+{
+    int end = start + TimeOutValue;
+    const bool passesMidnight = TimeOutValue > 0 && end >= secondsADay;
+    if (passesMidnight) {
+        end -= secondsADay;
+    }
+    while (process.exitCode() != 0 && !m_state.ended) {
+        processEventsForAWhile();
+        const int now = secondsSinceMidnight();
+        const bool timeIsUp = TimeOutValue > 0 && now >= end;
+        if (timeIsUp && (!passesMidnight || now < start)) {
+            return;
+        }
+    }
+}
+
+int Shell::secondsSinceMidnight() const
+{
+    return m_clock.now().time().msecsSinceStartOfDay() / 1000;
+}
+
+QString Shell::FileExistsInDirTree(const QString &DirName, const QString &FileName)
+{
+    m_searchBuffer = QString(bufferLength, ' ');
+    QSet<QString> visited;
+    const QString found = findInTree(DirName, FileName, visited);
+    if (found.isEmpty()) {
+        return QStringLiteral("False");
+    }
+    const QString ended = (found + QChar(u'\0')).left(bufferLength);
+    m_searchBuffer.replace(0, ended.size(), ended);
+    return QStringLiteral("True");
+}
+
+void Shell::Wait(int Pause) const
+{
+    const qint64 start = m_clock.now().toSecsSinceEpoch();
+    while (m_clock.now().toSecsSinceEpoch() - start < Pause) {
+        QThread::msleep(10);
+    }
+}
+
+bool Shell::CheckFileExists(const QString &filePath)
+{
+    const qsizetype backslash = filePath.lastIndexOf('\\');
+    m_tTools = backslash < 0 ? filePath : filePath.first(backslash + 1) + "TTools.exe";
+    try {
+        return files::length(m_tTools) != 0;
+    } catch (const RuntimeError &) {
+        return false; // no TTools beside this file is an ordinary answer
+    }
+}
+
+void Shell::openDocument(const QString &relativePath)
+{
+    m_state.ErrMsg = "Opening " + m_state.MorlenEDir + relativePath;
+    paths::setCurrentDirectory(m_state.MorlenEDir);
+    m_processes.openDocument(m_state.MorlenEDir + relativePath);
+}

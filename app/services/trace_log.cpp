@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+#include "app/services/trace_log.h"
+
+#include "platform/basic_text.h"
+#include "platform/files.h"
+
+#include <QLocale>
+
+QString TraceLog::path() const
+{
+    return m_state.MorlenEDir + "\\TraceLog.txt";
+}
+
+void TraceLog::WriteToLog()
+{
+    constexpr qint64 limit = 50001; // bytes
+    if (!m_state.TraceOn) {
+        return;
+    }
+    if (files::openForAppend(path()) >= limit) {
+        files::remove(path());
+    }
+    const bool bare = m_state.TraceMsg.startsWith(QLatin1String("====="));
+    append(bare ? m_state.TraceMsg : basic::clockTime(m_clock.now()) + " - " + m_state.TraceMsg);
+}
+
+void TraceLog::append(const QString &line)
+{
+    const QByteArray bytes = basic::encode(line + "\r\n");
+    const QByteArray content = files::exists(path()) ? files::readAll(path()) : QByteArray();
+    // One character the code page lacks turns the log, and all that follows, into UTF-8.
+    if (!basic::isUtf8(content) && !basic::isUtf8(bytes)) {
+        files::appendLines(path(), bytes);
+    } else {
+        files::writeAll(path(), basic::encodeUtf8(basic::decode(content) + line + "\r\n"));
+    }
+}
+
+void TraceLog::write(const QString &text)
+{
+    m_state.TraceMsg = text;
+    WriteToLog();
+}
+
+void TraceLog::reset()
+{
+    files::openForAppend(path());
+    files::remove(path());
+    m_state.TraceOn = false;
+}
+
+void TraceLog::setTracing(bool on)
+{
+    m_state.TraceOn = on;
+    if (on) {
+        write(separator());
+        write(cut("Trace Started " + dateAndTime()));
+        write(separator());
+        return;
+    }
+    files::openForAppend(path());
+    files::remove(path());
+    files::writeAll(path(), basic::encode(separator() + "\r\nTrace Ended " + dateAndTime() +
+                                          "\r\n" + separator() + "\r\n"));
+}
+
+QString TraceLog::separator()
+{
+    return QString(80, '=');
+}
+
+QString TraceLog::banner(const QString &text)
+{
+    return cut("***" + text + QString(80, '*'));
+}
+
+QString TraceLog::dateAndTime() const
+{
+    const QDateTime now = m_clock.now();
+    const QLocale locale = QLocale::system();
+    // The long format ends in the time zone ("t"), which nobody reads here.
+    const QString timeFormat = locale.timeFormat(QLocale::LongFormat).remove('t').trimmed();
+    return locale.toString(now.date(), QLocale::ShortFormat) + ' ' +
+           locale.toString(now.time(), timeFormat);
+}
