@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+// What page 0 takes from an aircraft.cfg: the titles of its variations and their cruise speed.
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+
+/// The last aircraft.cfg read. One aircraft folder yields one speed shared by all its titles.
+struct AircraftCfg {
+    static constexpr int mostTitles = 1501;
+
+    QStringList AircraftTitles; ///< in file order; at most 1,501
+    QString Speed;              ///< whole number in knots as text, such as "250"
+    bool HaveData = false;      ///< the last file that was really read had titles and a speed
+
+    /// Reads the file of this path, whose content `readFile` delivers. `ErrMsg` is set to the step.
+    ///
+    /// A path with "csl" in it and an empty file are passed over: they yield no titles, and
+    /// HaveData keeps what the file before them left there. Throws RuntimeError: what readFile
+    /// throws; Subscript out of range (9) at a 1,502nd title; Input past end of file (62) when the
+    /// file ends in a section header; Overflow (6).
+    void CheckFile(const QString &CfgFileName, const std::function<const QByteArray &()> &readFile,
+                   QString &ErrMsg);
+
+private:
+    void parse(const QByteArray &bytes);
+};
+
+namespace aircraft_cfg
+{
+
+/// The speed in a "cruise_speed" line: the whole part, rounded down, of the leading number behind
+/// "="; "0" without one. A "//" comment makes the text as long as the comment is, whatever the
+/// value. Throws Overflow (6).
+QString speedIn(const QString &line);
+
+/// The aircraft folder's name in the path of its aircraft.cfg.
+QString folderName(const QString &CfgFileName, bool AirplanesLayout, bool RotorcraftLayout);
+
+} // namespace aircraft_cfg

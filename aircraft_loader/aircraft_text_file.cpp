@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+#include "aircraft_loader/aircraft_text_file.h"
+
+#include "platform/basic_text.h"
+
+namespace
+{
+
+constexpr qsizetype shortestAircraftLine = 11;
+
+bool isComment(QByteArrayView line)
+{
+    return line.startsWith(';') || line.startsWith("//");
+}
+
+std::int16_t numberIn(const QString &line)
+{
+    const qsizetype hash = basic::inStr(line, "#");
+    const qsizetype comma = basic::inStr(line, ",");
+    return basic::toInteger16(basic::mid(line, hash + 1, comma - hash - 1));
+}
+
+} // namespace
+
+void AircraftTextFile::read(const QByteArray &bytes)
+{
+    *this = {};
+    basic::LineReader reader(bytes);
+    while (!reader.atEnd()) {
+        const QByteArrayView raw = reader.next();
+        if (isComment(raw)) {
+            continue;
+        }
+        const QString line = basic::decodeCodePage(raw);
+        lines += line;
+        if (line.size() >= shortestAircraftLine) {
+            Number = numberIn(line);
+            AircraftCount = basic::add16(AircraftCount, 1);
+        }
+    }
+}
+
+namespace aircraft_text_file
+{
+
+QString titleIn(const QString &line)
+{
+    const qsizetype quote = basic::inStr(line, "\"");
+    return basic::mid(line, quote + 1, line.size() - quote - 1);
+}
+
+QString aircraftLine(int number, const QString &speed, const QString &title)
+{
+    return "AC#" + QString::number(number) + ',' + speed + ",\"" + title + '"';
+}
+
+QString addedComment(const QDateTime &time)
+{
+    return "//AI Aircraft Added " + basic::longDate(time) + ' ' + basic::clockTime(time);
+}
+
+QString captionName(const QString &path)
+{
+    return path.sliced(basic::inStr(basic::lower(path), "\\aircraft"));
+}
+
+QString folderPart(const QString &path)
+{
+    return path.first(basic::inStr(basic::lower(path), "\\aircraft"));
+}
+
+} // namespace aircraft_text_file
