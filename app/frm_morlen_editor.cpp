@@ -1,0 +1,398 @@
+// SPDX-License-Identifier: MIT
+#include "app/frm_morlen_editor.h"
+
+#include "aircraft_loader/aircraft_loader_page.h"
+#include "airport_loader/airport_loader_page.h"
+#include "app/frm_about.h"
+#include "app/services/fs_location.h"
+#include "app/version.h"
+#include "config_editor/config_editor_page.h"
+#include "fpset/fpset_page.h"
+#include "platform/basic_text.h"
+#include "platform/control_style.h"
+#include "platform/files.h"
+#include "platform/paths.h"
+
+#include <QCloseEvent>
+
+#include <array>
+#include <utility>
+
+#include "ui_frm_morlen_editor.h"
+
+namespace
+{
+
+constexpr int fpSetPageNumber = 2;
+constexpr qsizetype tToolsNameLength = 10; // of "ttools.exe"
+
+QString boolText(bool value)
+{
+    return value ? QStringLiteral("True") : QStringLiteral("False");
+}
+
+} // namespace
+
+frmMorlenEditor::frmMorlenEditor(const Outside &outside)
+    : m_services(outside),
+      ui(std::make_unique<Ui::frmMorlenEditor>()),
+      m_aircraftLoader(new AircraftLoaderPage(m_services)),
+      m_airportLoader(new AirportLoaderPage),
+      m_fpSet(new FpSetPage(m_services)),
+      m_configEditor(new ConfigEditorPage(m_services))
+{
+    ui->setupUi(this);
+    ui->SSTab1->addTab(m_aircraftLoader, "AI Aircraft Loader");
+    ui->SSTab1->addTab(m_airportLoader, "AI Airport Loader");
+    ui->SSTab1->addTab(m_fpSet, "Create a New FP Set");
+    ui->SSTab1->addTab(m_configEditor, "Edit Aircraft or Panel");
+    ui->SSTab1->hide();
+    connect(ui->SSTab1, &QTabWidget::currentChanged, this, &frmMorlenEditor::SSTab1_Click);
+    connect(ui->mnuTrace, &QAction::triggered, this, &frmMorlenEditor::mnuTrace_Click);
+    connect(ui->mnuQuit, &QAction::triggered, this, &frmMorlenEditor::mnuQuit_Click);
+    connect(ui->mnuHelpFile, &QAction::triggered, this, &frmMorlenEditor::lblHelp_Click);
+    connect(ui->mnuDonations, &QAction::triggered, this, &frmMorlenEditor::mnuDonations_Click);
+    connect(ui->mnuAbout, &QAction::triggered, this, &frmMorlenEditor::lblAbout_Click);
+    connectPages();
+    connectHover();
+}
+
+frmMorlenEditor::~frmMorlenEditor() = default;
+
+void frmMorlenEditor::connectPages()
+{
+    using Form = frmMorlenEditor;
+    connect(m_aircraftLoader, &AircraftLoaderPage::quitPressed, this, &Form::cmdQuit_Click);
+    connect(m_fpSet, &FpSetPage::quitPressed, this, &Form::tab2cmdQuit_Click);
+    connect(m_aircraftLoader, &AircraftLoaderPage::helpWanted, this, &Form::Tab0Help_Click);
+    connect(m_airportLoader, &AirportLoaderPage::helpWanted, this, &Form::tab1Help_Click);
+    connect(m_fpSet, &FpSetPage::helpWanted, this, &Form::Tab2lblHelp_Click);
+    connect(m_configEditor, &ConfigEditorPage::helpWanted, this, &Form::tab3VarloHelp_Click);
+    connect(ui->lblHelp, &LinkLabel::clicked, this, &Form::lblHelp_Click);
+    connect(ui->lblAbout, &LinkLabel::clicked, this, &Form::lblAbout_Click);
+
+    connect(m_aircraftLoader, &AircraftLoaderPage::simulatorVersionChosen, this, &Form::FindFSPath);
+    connect(m_aircraftLoader, &AircraftLoaderPage::aircraftAddedForSet, this, [this] {
+        ui->SSTab1->setCurrentIndex(fpSetPageNumber);
+        m_fpSet->continueWithSet();
+    });
+    // Pages 0 and 3 work on the same directory, whichever of them it was chosen on.
+    connect(m_aircraftLoader, &AircraftLoaderPage::directoryChosen, this, &Form::followOnPage3);
+    connect(m_configEditor, &ConfigEditorPage::directoryChosen, m_aircraftLoader,
+            &AircraftLoaderPage::followDirectory);
+}
+
+void frmMorlenEditor::connectHover()
+{
+    for (LinkLabel *label : findChildren<LinkLabel *>()) {
+        connect(label, &LinkLabel::mouseMoved, this, [this, label] { heat(label); });
+    }
+    // A form sees the mouse wherever no control takes it: over the bare pages and frames too.
+    for (QWidget *widget : findChildren<QWidget *>()) {
+        widget->setMouseTracking(true);
+    }
+    setMouseTracking(true);
+}
+
+void frmMorlenEditor::followOnPage3(const QString &directory)
+{
+    m_services.errors.run("Directory Select Error", [&] {
+        m_configEditor->openDirectory(directory);
+        m_configEditor->selectFirstEntry();
+    });
+}
+
+void frmMorlenEditor::Form_Load()
+{
+    m_services.errors.run("Form Load Error", [this] { startUp(); });
+    // Whatever failed, the window comes up and can be used.
+    show();
+    ui->SSTab1->show();
+}
+
+void frmMorlenEditor::startUp()
+{
+    FormState &state = m_services.state;
+    state.ShowAddAirportHelp = true;
+    setWindowTitle("Morlen Utilities - Version " + programVersion());
+    findProgramFolder();
+    state.ErrMsg = "FindFSPath 1";
+    FindFSPath();
+    m_fpSet->prepare();
+    state.ErrMsg = "Opening " + m_services.log.path();
+    m_services.log.reset();
+    ui->mnuTrace->setChecked(false);
+    m_services.log.write("Reading " + settingsPath());
+    m_configEditor->showVarlo();
+
+    const QByteArray bytes = readSettingsFile();
+    QString lastTab;
+    if (bytes.size() < settings_file::shortestLength) {
+        state.ErrMsg = "Finding FSPath";
+        state.ShowAddAirportHelp = true;
+        FindFSPath();
+    } else {
+        const Settings settings = settings_file::parse(bytes);
+        lastTab = settings.lastTab;
+        restore(settings);
+    }
+    m_fpSet->enableNaming();
+    m_configEditor->showFirstAircraft();
+    show();
+    ui->SSTab1->show();
+    selectPage(lastTab);
+}
+
+void frmMorlenEditor::findProgramFolder()
+{
+    // A developer's checkout wins over the current directory.
+    m_services.state.MorlenEDir = files::isFolder("C:\\Devel\\MorlenEditor")
+                                      ? QStringLiteral("C:\\devel\\MorlenEditor\\")
+                                      : paths::currentDirectory() + '\\';
+}
+
+QString frmMorlenEditor::settingsPath() const
+{
+    return m_services.state.MorlenEDir + "\\MorlenE.ini";
+}
+
+QByteArray frmMorlenEditor::readSettingsFile()
+{
+    m_services.state.ErrMsg = "Opening " + settingsPath();
+    const qint64 length = files::openForAppend(settingsPath());
+    return length < settings_file::shortestLength ? QByteArray() : files::readAll(settingsPath());
+}
+
+void frmMorlenEditor::restore(const Settings &settings)
+{
+    FormState &state = m_services.state;
+    state.strTToolsPath = settings.tToolsPath;
+    if (!settings.drive.isEmpty()) {
+        m_configEditor->setDrive(settings.drive);
+    }
+    state.ShowAddAirportHelp = basic::lower(settings.showAddAirportHelp) == "true";
+    if (state.strTToolsPath.size() > 5) {
+        state.strTToolsDir =
+            state.strTToolsPath.chopped(qMin(tToolsNameLength, state.strTToolsPath.size()));
+    }
+    state.TraceOn = false;
+    ui->mnuTrace->setChecked(false);
+    logSettings(settings);
+    m_fpSet->showTTools(state.strTToolsPath);
+    restoreDirectory(settings.aircraftDir);
+    m_aircraftLoader->restoreTextFile(settings.aircraftTextFile);
+}
+
+void frmMorlenEditor::logSettings(const Settings &settings)
+{
+    TraceLog &log = m_services.log;
+    log.write("Last Tab = " + settings.lastTab);
+    log.write("TTools Path = " + settings.tToolsPath);
+    log.write("Aircraft Directory = " + settings.aircraftDir);
+    log.write("Aircraft Text File = " + settings.aircraftTextFile);
+    log.write("Trace On = " + boolText(m_services.state.TraceOn));
+    log.write("Show Add Airport Help = " + boolText(m_services.state.ShowAddAirportHelp));
+    log.write(TraceLog::separator());
+}
+
+void frmMorlenEditor::restoreDirectory(const QString &directory)
+{
+    if (!fs_location::namesAircraftFolder(directory)) {
+        return;
+    }
+    m_services.state.ErrMsg = "Setting FS path to: " + directory;
+    m_configEditor->openDirectory(directory);
+    if (m_aircraftLoader->shownDirectory().isEmpty()) {
+        m_aircraftLoader->showDirectory(directory);
+        m_aircraftLoader->openDirectory(directory);
+    }
+}
+
+void frmMorlenEditor::selectPage(const QString &lastTab)
+{
+    const int page = lastTab.isEmpty() ? 0 : basic::toInteger16(lastTab);
+    if (page < 0 || page >= ui->SSTab1->count()) {
+        throw RuntimeError(ErrorNumber::InvalidProcedureCall);
+    }
+    ui->SSTab1->setCurrentIndex(page);
+    m_aircraftLoader->focusFirstControl();
+}
+
+void frmMorlenEditor::FindFSPath()
+{
+    m_services.errors.run("FS Path Error", [this] {
+        FormState &state = m_services.state;
+        state.RegValue.clear();
+        state.ErrMsg = "Get FlightSim Path";
+        state.RegValue = fs_location::installation(m_services.registry);
+        if (state.RegValue.isEmpty()) {
+            m_aircraftLoader->showDirectory({});
+        } else {
+            const QString directory = fs_location::aircraftDirectory(state.RegValue);
+            m_aircraftLoader->showDirectory(directory);
+            m_aircraftLoader->openDirectory(directory);
+            m_configEditor->openDirectory(directory);
+            m_configEditor->setDrive(directory.left(3));
+        }
+        m_aircraftLoader->ClearLists();
+    });
+}
+
+void frmMorlenEditor::SSTab1_Click(int page)
+{
+    static const std::array<QString, 4> names = {"AI Aircraft Tab Selected",
+                                                 "AI Airport Tab Selected",
+                                                 "Create FP Tab Selected", "Edit Tab Selected"};
+    m_services.errors.run("Tab Select Error", [&] {
+        m_services.log.write(TraceLog::banner(names.at(static_cast<std::size_t>(page))));
+    });
+    if (page == 0) {
+        m_aircraftLoader->focusFirstControl();
+    } else if (page == fpSetPageNumber) {
+        m_fpSet->focusNameBox();
+    }
+}
+
+void frmMorlenEditor::cmdQuit_Click()
+{
+    m_services.state.LastTab = "0";
+    SaveSettings();
+}
+
+void frmMorlenEditor::tab2cmdQuit_Click()
+{
+    m_services.state.LastTab = "2";
+    SaveSettings();
+}
+
+void frmMorlenEditor::mnuQuit_Click()
+{
+    if (m_services.state.AddAirportsFlag) {
+        ui->SSTab1->setCurrentIndex(fpSetPageNumber);
+        return;
+    }
+    m_services.state.LastTab = QString::number(ui->SSTab1->currentIndex());
+    SaveSettings();
+}
+
+void frmMorlenEditor::SaveSettings()
+{
+    FormState &state = m_services.state;
+    if (state.ExitFlag) {
+        end();
+        return;
+    }
+    const MessageBox::Answer answer =
+        m_services.dialogs.show({.prompt = "Do you really want to exit?",
+                                 .title = "Confirm Exit",
+                                 .buttons = MessageBox::Buttons::YesNo,
+                                 .defaultButton = MessageBox::Answer::No});
+    state.ErrMsg = "Open " + settingsPath();
+    if (answer != MessageBox::Answer::Yes) {
+        return;
+    }
+    const bool saved = m_services.errors.run("Save Setting Error", [this] {
+        const FormState &now = m_services.state;
+        const Settings settings = {
+            now.LastTab,     now.strTToolsPath,   m_configEditor->drive(),
+            now.AirCraftDir, now.AircraftTextDir, boolText(now.ShowAddAirportHelp)};
+        m_services.log.write(TraceLog::cut("***Program Terminated by User***"));
+        m_services.log.write("Opening " + settingsPath());
+        logSettings(settings);
+        files::writeAll(settingsPath(), settings_file::compose(settings));
+    });
+    if (saved) {
+        end();
+    }
+}
+
+void frmMorlenEditor::end()
+{
+    m_services.state.ended = true;
+    close();
+    QCoreApplication::quit();
+}
+
+void frmMorlenEditor::Form_Unload()
+{
+    m_aircraftLoader->pressQuit();
+}
+
+void frmMorlenEditor::closeEvent(QCloseEvent *event)
+{
+    if (!m_services.state.ended) {
+        Form_Unload();
+        m_services.state.ended = true; // a No does not keep the window
+    }
+    event->accept();
+}
+
+void frmMorlenEditor::mnuTrace_Click()
+{
+    m_services.errors.run("Trace Log Error", [this] {
+        m_services.state.ErrMsg = "Opening " + m_services.log.path();
+        m_services.log.setTracing(ui->mnuTrace->isChecked());
+    });
+    ui->mnuTrace->setChecked(m_services.state.TraceOn);
+}
+
+void frmMorlenEditor::heat(LinkLabel *label)
+{
+    if (!label->isBold()) {
+        label->setBold(true);
+        m_hotLabels += label;
+    }
+}
+
+void frmMorlenEditor::mouseMoveEvent(QMouseEvent *event)
+{
+    Form_MouseMove();
+    QMainWindow::mouseMoveEvent(event);
+}
+
+void frmMorlenEditor::Form_MouseMove()
+{
+    for (LinkLabel *label : std::exchange(m_hotLabels, {})) {
+        label->setBold(false);
+    }
+}
+
+void frmMorlenEditor::openHelp(const QString &relativePath)
+{
+    m_services.errors.run("Help Error", [&] { m_services.shell.openDocument(relativePath); });
+}
+
+void frmMorlenEditor::lblAbout_Click()
+{
+    frmAbout(this).exec();
+}
+
+void frmMorlenEditor::lblHelp_Click()
+{
+    openHelp("Docs\\MorlenEHelp.htm");
+}
+
+void frmMorlenEditor::Tab0Help_Click()
+{
+    openHelp("Docs\\AIAircraftLoader.htm");
+}
+
+void frmMorlenEditor::tab1Help_Click()
+{
+    openHelp("Docs\\AIAirportLoader.htm");
+}
+
+void frmMorlenEditor::Tab2lblHelp_Click()
+{
+    openHelp("Docs\\MorlenEdit.htm");
+}
+
+void frmMorlenEditor::tab3VarloHelp_Click()
+{
+    openHelp("Docs\\VarloHelp.htm");
+}
+
+void frmMorlenEditor::mnuDonations_Click()
+{
+    openHelp("Donate.htm");
+}

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+#include "app/frm_morlen_editor.h"
+#include "app/version.h"
+#include "platform/system_dialogs.h"
+
+#include <QApplication>
+
+int main(int argc, char *argv[])
+{
+    const QApplication application(argc, argv);
+    QApplication::setApplicationName("MorlenEditor");
+    QApplication::setApplicationDisplayName({}); // titles stand as they are, nothing is added
+    QApplication::setApplicationVersion(programVersion());
+
+    const std::unique_ptr<Registry> registry = systemRegistry();
+    const SystemClock clock;
+    SystemProcesses processes;
+    SystemDialogs dialogs;
+    frmMorlenEditor window({*registry, processes, dialogs, clock});
+    dialogs.setParent(&window);
+    window.Form_Load();
+    return QApplication::exec();
+}

@@ -1,0 +1,461 @@
+// SPDX-License-Identifier: MIT
+// Pages, menus, links and quitting.
+#include "platform/dir_list_box.h"
+#include "platform/link_label.h"
+#include "platform/list_box.h"
+#include "tests/support/program.h"
+
+#include <QAction>
+#include <QFrame>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QMenu>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTabWidget>
+#include <QtTest>
+
+using Answer = MessageBox::Answer;
+
+namespace
+{
+
+/// The mouse over a control, and nowhere between: QTest's own moves cross the form on their way.
+void moveOver(QWidget *control, const QPoint &position = {3, 3})
+{
+    QMouseEvent event(QEvent::MouseMove, position, control->mapToGlobal(QPointF(position)),
+                      Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(control, &event);
+}
+
+} // namespace
+
+class TestMainWindow : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void everyControlHasItsNameAndKind_data();
+    void everyControlHasItsNameAndKind();
+    void menusAndPagesAreNamed();
+    void selectingAPageIsLoggedAs69Characters();
+    void selectingAPageDoesNotChangeLastTab();
+    void traceMenuTogglesTheLog();
+    void quitButtonAlwaysStoresPage0();
+    void quitMenuStoresThePageShown();
+    void quitMenuGoesToPage2WhileAirportsAreChosen();
+    void page2QuitStoresPage2();
+    void quitAsksWithNoAsDefault();
+    void answeringNoLeavesSettingsAndProgramAlone();
+    void closingAsksOnceAndClosesEvenOnNo();
+    void closingWithYesSavesOnce();
+    void exitFlagEndsWithoutAskingOrSaving();
+    void settingsAreSixLines();
+    void quittingIsLoggedInOrder();
+    void settingsThatCannotBeWrittenAreReportedAndTheProgramGoesOn();
+    void nextStartComesBackToTheSamePlace();
+    void labelTurnsBoldUnderTheMouseUntilTheFormIsReached();
+    void helpLinksOpenTheirPages_data();
+    void helpLinksOpenTheirPages();
+    void helpChangesToTheProgramFolderFirst();
+    void aboutShowsNameAndVersion();
+    void directoryChosenOnPage3IsTakenOverByPage0();
+    void aircraftAddedForASetLeadBackToPage2();
+    void quittingWhileAProgramRunsEndsTheWait();
+};
+
+void TestMainWindow::everyControlHasItsNameAndKind_data()
+{
+    QTest::addColumn<QString>("kind");
+    const QList<std::pair<const char *, QStringList>> kinds = {
+        {"QTabWidget", {"SSTab1"}},
+        {"QFrame", {"frmLeveler"}},
+        {"LinkLabel",
+         {"lblHelp", "lblAbout", "lblPellara", "Tab0Help", "tab1Help", "Tab2lblHelp",
+          "tab3VarloHelp"}},
+        {"QLabel",
+         {"lblFSPath", "lblAircraftTextFile", "Tab0Label1", "Tab0Label2", "Tab0Label9",
+          "Tab3Label6"}},
+        {"QPushButton",
+         {"cmdQuit", "cmdAddAI", "cmdBrowseText", "cmdBrowseFSPath", "cmdEdit", "cmdTtools",
+          "Command1", "tab2Command2", "tab2cmdCreateNewFP", "tab2cmdQuit"}},
+        {"QRadioButton", {"opt2002", "opt2004", "optAll", "optClear"}},
+        {"QGroupBox", {"optFrame", "frmDriveDialog", "tab2TToolsDir", "tab2Frame12"}},
+        {"QLineEdit", {"tab2txtFltPlan", "tab2txtTToolsDir"}},
+        {"ListBox", {"Tab0List1", "Tab0List2", "Tab0List3", "Tab3List3"}},
+        {"DirListBox", {"Dir1", "Tab3Dir1"}},
+        {"DriveListBox", {"Drive1", "Tab3Drive1"}},
+        {"FileListBox", {"File1"}},
+        {"QProgressBar", {"ProgressBar1"}},
+        {"QCheckBox", {"Tab3chkDumpList"}},
+        {"QAction", {"mnuTrace", "mnuQuit", "mnuHelpFile", "mnuDonations", "mnuAbout"}}};
+    for (const auto &[kind, names] : kinds) {
+        for (const QString &name : names) {
+            QTest::newRow(qPrintable(name)) << QString(kind);
+        }
+    }
+}
+
+void TestMainWindow::everyControlHasItsNameAndKind()
+{
+    QFETCH(QString, kind);
+    Program program;
+    program.start();
+    const QObject *control = program.window->findChild<QObject *>(QString(QTest::currentDataTag()));
+    QVERIFY(control != nullptr);
+    QCOMPARE(QString(control->metaObject()->className()), kind);
+}
+
+void TestMainWindow::menusAndPagesAreNamed()
+{
+    Program program;
+    program.start();
+    QCOMPARE(program.window->objectName(), QString("frmMorlenEditor"));
+    QCOMPARE(program.find<QAction>("mnuTrace")->text(), QString("Enable Log File"));
+    QCOMPARE(program.find<QAction>("mnuQuit")->text(), QString("Quit"));
+    QCOMPARE(program.find<QMenu>("mnuFile")->title(), QString("File"));
+    QCOMPARE(program.find<QMenu>("mnuHelp")->title(), QString("Help"));
+    auto *tabs = program.find<QTabWidget>("SSTab1");
+    QStringList names;
+    for (int i = 0; i < tabs->count(); ++i) {
+        names += tabs->tabText(i);
+    }
+    QCOMPARE(names, (QStringList{"AI Aircraft Loader", "AI Airport Loader", "Create a New FP Set",
+                                 "Edit Aircraft or Panel"}));
+}
+
+void TestMainWindow::selectingAPageIsLoggedAs69Characters()
+{
+    Program program;
+    program.start();
+    program.find<QAction>("mnuTrace")->trigger();
+    for (const int page : {1, 2, 3, 0}) {
+        program.find<QTabWidget>("SSTab1")->setCurrentIndex(page);
+    }
+    const QList<QByteArray> lines = program.sandbox.read(Program::logFile).split('\n').sliced(3);
+    const QList<QByteArray> texts = {"AI Airport Tab Selected", "Create FP Tab Selected",
+                                     "Edit Tab Selected", "AI Aircraft Tab Selected"};
+    for (int i = 0; i < texts.size(); ++i) {
+        const QByteArray expected = "***" + texts[i] + QByteArray(69 - 3 - texts[i].size(), '*');
+        QCOMPARE(lines[i], "14:03:27 - " + expected + '\r');
+    }
+}
+
+void TestMainWindow::selectingAPageDoesNotChangeLastTab()
+{
+    Program program;
+    program.start();
+    program.find<QTabWidget>("SSTab1")->setCurrentIndex(3);
+    QCOMPARE(program.window->state().LastTab, QString());
+}
+
+void TestMainWindow::traceMenuTogglesTheLog()
+{
+    Program program;
+    program.start();
+    auto *trace = program.find<QAction>("mnuTrace");
+    trace->trigger();
+    QVERIFY(program.window->state().TraceOn);
+    QVERIFY(trace->isChecked());
+    QCOMPARE(program.sandbox.read(Program::logFile).count("\r\n"), 3);
+    trace->trigger();
+    QVERIFY(!program.window->state().TraceOn);
+    QVERIFY(!trace->isChecked());
+    QVERIFY(program.sandbox.read(Program::logFile).contains("\r\nTrace Ended "));
+}
+
+void TestMainWindow::quitButtonAlwaysStoresPage0()
+{
+    Program program;
+    program.rememberUsualRun("3");
+    program.start();
+    program.outside.dialogs.answers = {Answer::Yes};
+    program.find<QPushButton>("cmdQuit")->click();
+    QVERIFY(program.sandbox.read(Program::settingsFile).startsWith("0\r\n"));
+    QVERIFY(!program.window->isVisible());
+}
+
+void TestMainWindow::quitMenuStoresThePageShown()
+{
+    Program program;
+    program.start();
+    program.find<QTabWidget>("SSTab1")->setCurrentIndex(2);
+    program.outside.dialogs.answers = {Answer::Yes};
+    program.find<QAction>("mnuQuit")->trigger();
+    QVERIFY(program.sandbox.read(Program::settingsFile).startsWith("2\r\n"));
+    QVERIFY(!program.window->isVisible());
+}
+
+void TestMainWindow::quitMenuGoesToPage2WhileAirportsAreChosen()
+{
+    Program program;
+    program.start();
+    program.window->state().AddAirportsFlag = true;
+    program.find<QTabWidget>("SSTab1")->setCurrentIndex(1);
+    program.find<QAction>("mnuQuit")->trigger();
+    QCOMPARE(program.find<QTabWidget>("SSTab1")->currentIndex(), 2);
+    QCOMPARE(program.outside.dialogs.boxes.size(), 0);
+    QVERIFY(program.window->isVisible());
+}
+
+void TestMainWindow::page2QuitStoresPage2()
+{
+    Program program;
+    program.start();
+    program.outside.dialogs.answers = {Answer::Yes};
+    program.find<QPushButton>("tab2cmdQuit")->click();
+    QVERIFY(program.sandbox.read(Program::settingsFile).startsWith("2\r\n"));
+}
+
+void TestMainWindow::quitAsksWithNoAsDefault()
+{
+    Program program;
+    program.start();
+    program.find<QPushButton>("cmdQuit")->click();
+    QCOMPARE(program.outside.dialogs.boxes.size(), 1);
+    const MessageBox box = program.outside.dialogs.boxes[0];
+    QCOMPARE(box.prompt, QString("Do you really want to exit?"));
+    QCOMPARE(box.title, QString("Confirm Exit"));
+    QCOMPARE(box.icon, MessageBox::Icon::None);
+    QCOMPARE(box.buttons, MessageBox::Buttons::YesNo);
+    QCOMPARE(box.defaultButton, Answer::No);
+}
+
+void TestMainWindow::answeringNoLeavesSettingsAndProgramAlone()
+{
+    Program program;
+    program.rememberUsualRun("3");
+    program.start();
+    const QByteArray before = program.sandbox.read(Program::settingsFile);
+    program.outside.dialogs.answers = {Answer::No};
+    program.find<QAction>("mnuQuit")->trigger();
+    QCOMPARE(program.sandbox.read(Program::settingsFile), before);
+    QVERIFY(program.window->isVisible());
+    QVERIFY(!program.window->state().ended);
+}
+
+void TestMainWindow::closingAsksOnceAndClosesEvenOnNo()
+{
+    Program program;
+    program.rememberUsualRun("3");
+    program.start();
+    const QByteArray before = program.sandbox.read(Program::settingsFile);
+    program.outside.dialogs.answers = {Answer::No};
+    program.window->close();
+    QCOMPARE(program.outside.dialogs.boxes.size(), 1);
+    QVERIFY(!program.window->isVisible());
+    QCOMPARE(program.sandbox.read(Program::settingsFile), before);
+}
+
+void TestMainWindow::closingWithYesSavesOnce()
+{
+    Program program;
+    program.rememberUsualRun("3");
+    program.start();
+    program.outside.dialogs.answers = {Answer::Yes};
+    program.window->close();
+    QCOMPARE(program.outside.dialogs.boxes.size(), 1);
+    QVERIFY(!program.window->isVisible());
+    QVERIFY(program.sandbox.read(Program::settingsFile).startsWith("0\r\n"));
+}
+
+void TestMainWindow::exitFlagEndsWithoutAskingOrSaving()
+{
+    Program program;
+    program.rememberUsualRun("3");
+    program.start();
+    const QByteArray before = program.sandbox.read(Program::settingsFile);
+    program.window->state().ExitFlag = true;
+    program.find<QAction>("mnuQuit")->trigger();
+    QCOMPARE(program.outside.dialogs.boxes.size(), 0);
+    QVERIFY(!program.window->isVisible());
+    QCOMPARE(program.sandbox.read(Program::settingsFile), before);
+}
+
+void TestMainWindow::settingsAreSixLines()
+{
+    Program program;
+    program.rememberUsualRun();
+    program.start();
+    program.window->state().ShowAddAirportHelp = false;
+    program.outside.dialogs.answers = {Answer::Yes};
+    program.find<QPushButton>("cmdQuit")->click();
+    QCOMPARE(program.sandbox.read(Program::settingsFile),
+             QByteArray("0\r\nC:\\TTools\\TTools.exe\r\nc:\r\nC:\\FS9\\Aircraft\r\n"
+                        "C:\\TTools\\Aircraft_Set.txt\r\nFalse\r\n"));
+}
+
+void TestMainWindow::quittingIsLoggedInOrder()
+{
+    Program program;
+    program.rememberUsualRun();
+    program.start();
+    program.find<QAction>("mnuTrace")->trigger();
+    program.outside.dialogs.answers = {Answer::Yes};
+    program.find<QAction>("mnuQuit")->trigger();
+    const QByteArray time = "14:03:27 - ";
+    const QByteArray log = program.sandbox.read(Program::logFile);
+    QCOMPARE(log.sliced(log.indexOf(time + "***Program")),
+             time + "***Program Terminated by User***\r\n" + time +
+                 "Opening C:\\Morlen\\\\MorlenE.ini\r\n" + time + "Last Tab = 0\r\n" + time +
+                 "TTools Path = C:\\TTools\\TTools.exe\r\n" + time +
+                 "Aircraft Directory = C:\\FS9\\Aircraft\r\n" + time +
+                 "Aircraft Text File = C:\\TTools\\Aircraft_Set.txt\r\n" + time +
+                 "Trace On = True\r\n" + time + "Show Add Airport Help = True\r\n" +
+                 QByteArray(80, '=') + "\r\n");
+}
+
+void TestMainWindow::settingsThatCannotBeWrittenAreReportedAndTheProgramGoesOn()
+{
+    Program program;
+    program.start();
+    QFile::remove(program.sandbox.host(Program::settingsFile));
+    program.sandbox.makeFolder(Program::settingsFile);
+    program.outside.dialogs.answers = {Answer::Yes};
+    program.find<QPushButton>("cmdQuit")->click();
+    QCOMPARE(program.outside.dialogs.boxes.size(), 2);
+    QCOMPARE(program.outside.dialogs.boxes[1].title, QString("Save Setting Error"));
+    QCOMPARE(program.outside.dialogs.boxes[1].prompt,
+             QString("Error  75 Path/File access error\rOpen C:\\Morlen\\\\MorlenE.ini"));
+    QVERIFY(program.window->isVisible());
+}
+
+void TestMainWindow::nextStartComesBackToTheSamePlace()
+{
+    Program program;
+    program.sandbox.makeFolder("C:\\Other\\Aircraft");
+    program.sandbox.write("C:\\Sets\\aircraft_2.txt", "AC#1,100,\"Other One\"\r\n");
+    program.start();
+    program.find<DirListBox>("Dir1")->setPath("C:\\Other\\Aircraft");
+    program.outside.dialogs.files = {"C:\\Sets\\aircraft_2.txt"};
+    program.find<QPushButton>("cmdBrowseText")->click();
+    program.find<QTabWidget>("SSTab1")->setCurrentIndex(3);
+    program.outside.dialogs.answers = {Answer::Yes};
+    program.find<QAction>("mnuQuit")->trigger();
+
+    program.start();
+    QCOMPARE(program.find<QTabWidget>("SSTab1")->currentIndex(), 3);
+    QCOMPARE(program.label("lblFSPath"), QString("C:\\Other\\Aircraft"));
+    QCOMPARE(program.label("lblAircraftTextFile"), QString("C:\\Sets\\aircraft_2.txt"));
+    QCOMPARE(program.find<ListBox>("Tab0List3")->count(), 1);
+}
+
+void TestMainWindow::labelTurnsBoldUnderTheMouseUntilTheFormIsReached()
+{
+    Program program;
+    program.start();
+    auto *help = program.find<LinkLabel>("lblHelp");
+    auto *about = program.find<LinkLabel>("lblAbout");
+    auto *pageHelp = program.find<LinkLabel>("Tab0Help");
+    moveOver(help);
+    QVERIFY(help->isBold());
+    moveOver(about);
+    moveOver(pageHelp);
+    QVERIFY(help->isBold()); // only the bare form or the frame takes the bold away
+    QVERIFY(about->isBold());
+    QVERIFY(pageHelp->isBold());
+    auto *frame = program.find<QFrame>("frmLeveler");
+    moveOver(frame, {2, frame->height() / 2});
+    QVERIFY(!help->isBold());
+    QVERIFY(!about->isBold());
+    QVERIFY(!pageHelp->isBold());
+}
+
+void TestMainWindow::helpLinksOpenTheirPages_data()
+{
+    QTest::addColumn<QString>("page");
+    QTest::newRow("lblHelp") << "Docs\\MorlenEHelp.htm";
+    QTest::newRow("mnuHelpFile") << "Docs\\MorlenEHelp.htm";
+    QTest::newRow("Tab0Help") << "Docs\\AIAircraftLoader.htm";
+    QTest::newRow("tab1Help") << "Docs\\AIAirportLoader.htm";
+    QTest::newRow("Tab2lblHelp") << "Docs\\MorlenEdit.htm";
+    QTest::newRow("tab3VarloHelp") << "Docs\\VarloHelp.htm";
+    QTest::newRow("mnuDonations") << "Donate.htm";
+}
+
+void TestMainWindow::helpLinksOpenTheirPages()
+{
+    QFETCH(QString, page);
+    Program program;
+    program.start();
+    const QString name = QTest::currentDataTag();
+    if (auto *action = program.window->findChild<QAction *>(name)) {
+        action->trigger();
+    } else {
+        QTest::mouseClick(program.find<LinkLabel>(name), Qt::LeftButton, {}, {3, 3});
+    }
+    QCOMPARE(program.outside.processes.documents, QStringList{"C:\\Morlen\\" + page});
+}
+
+void TestMainWindow::helpChangesToTheProgramFolderFirst()
+{
+    Program program;
+    program.start();
+    QDir::setCurrent(program.sandbox.host("C:\\TTools"));
+    program.find<QAction>("mnuHelpFile")->trigger();
+    QCOMPARE(QDir::currentPath(), QDir(program.sandbox.host("C:\\Morlen")).canonicalPath());
+}
+
+void TestMainWindow::aboutShowsNameAndVersion()
+{
+    Program program;
+    program.start();
+    QString caption;
+    QString version;
+    QTimer::singleShot(0, program.window.get(), [&] {
+        const QWidget *about = QApplication::activeModalWidget();
+        caption = about->windowTitle();
+        version = findControl<QLabel>(*about, "lblVersion")->text();
+        findControl<QPushButton>(*about, "cmdOK")->click();
+    });
+    program.find<QAction>("mnuAbout")->trigger();
+    QCOMPARE(caption, QString("About Morlen Utilities"));
+    QCOMPARE(version, QString("Version 1.5.4"));
+}
+
+void TestMainWindow::directoryChosenOnPage3IsTakenOverByPage0()
+{
+    Program program;
+    program.sandbox.makeFolder("C:\\Other\\Aircraft");
+    program.rememberUsualRun();
+    program.start();
+    program.find<DirListBox>("Tab3Dir1")->setPath("C:\\Other\\Aircraft");
+    QCOMPARE(program.label("lblFSPath"), QString("C:\\Other\\Aircraft"));
+    QCOMPARE(program.label("lblAircraftTextFile"), QString("Please select an Aircraft Text File"));
+    QVERIFY(!program.find<QPushButton>("cmdEdit")->isEnabled());
+    QVERIFY(!program.find<QPushButton>("cmdTtools")->isEnabled());
+    QCOMPARE(program.find<ListBox>("Tab0List3")->count(), 0);
+}
+
+void TestMainWindow::aircraftAddedForASetLeadBackToPage2()
+{
+    Program program;
+    program.rememberUsualRun();
+    program.start();
+    program.window->state().newAircraftSetOpen = true;
+    program.find<ListBox>("Tab0List2")->setSelected(0, true);
+    program.find<QPushButton>("cmdAddAI")->setEnabled(true);
+    program.find<QPushButton>("cmdAddAI")->click();
+    QCOMPARE(program.find<QTabWidget>("SSTab1")->currentIndex(), 2);
+    QVERIFY(program.window->state().AddAircraftFlag);
+}
+
+void TestMainWindow::quittingWhileAProgramRunsEndsTheWait()
+{
+    Program program;
+    program.rememberUsualRun();
+    program.start();
+    program.outside.processes.exitCodes = {Process::stillActive};
+    program.outside.dialogs.answers = {Answer::Yes};
+    QTimer::singleShot(50, program.window.get(),
+                       [&] { program.find<QAction>("mnuQuit")->trigger(); });
+    program.find<QPushButton>("cmdEdit")->click(); // returns only because the wait ends
+    QVERIFY(program.window->state().ended);
+    // The question about changes would come from a window that is gone.
+    QCOMPARE(program.outside.dialogs.boxes.size(), 1);
+    QCOMPARE(program.outside.dialogs.boxes[0].title, QString("Confirm Exit"));
+}
+
+QTEST_MAIN(TestMainWindow)
+#include "test_main_window.moc"

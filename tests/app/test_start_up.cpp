@@ -1,0 +1,513 @@
+// SPDX-License-Identifier: MIT
+// How the program comes up, with and without a previous run.
+#include "platform/dir_list_box.h"
+#include "platform/drive_list_box.h"
+#include "platform/list_box.h"
+#include "tests/support/program.h"
+
+#include <QAction>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QtTest>
+
+class TestStartUp : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void captionNamesProgramAndVersion();
+    void programFolderIsTheCurrentDirectory();
+    void developmentFolderWinsOverTheCurrentDirectory();
+    void firstRunCreatesAnEmptySettingsFileAndShowsPage0();
+    void firstRunSearchesTheSimulatorTwice();
+    void settingsOfTenBytesCountAsAbsentElevenAreRead();
+    void stepsRunInTheirOrder();
+    void previousRunIsRestored();
+    void savedDirectoryWinsOverTheRegistry();
+    void directoryWithoutAnAircraftWordIsNotApplied();
+    void directoryWithTheWordElsewhereFillsOnlyAnEmptyLabel();
+    void savedPage3OpensPage3EmptyOpensPage0();
+    void savedPageThatIsNoPageIsReportedAndTheWindowIsUsable_data();
+    void savedPageThatIsNoPageIsReportedAndTheWindowIsUsable();
+    void tToolsPathOf50IsShownWholeOf51Shortened();
+    void textFilePathOf60IsShownWholeOf61Shortened();
+    void tToolsKnownEnablesNamingOfASet();
+    void tToolsUnknownLeavesNamingDisabled();
+    void runTToolsIsEnabledExactlyWhenTToolsStandsBesideTheTextFile();
+    void everyStartDeletesTheTraceLog();
+    void reminderFlagIsTrueOnlyForTheWordTrue_data();
+    void reminderFlagIsTrueOnlyForTheWordTrue();
+    void commaInAPathShiftsTheValuesThatFollow();
+    void settingsWithOneLineAreReportedAndTheWindowIsUsable();
+    void binarySettingsAreReportedOrIgnoredButNeverFatal();
+    void savedDirectoryThatIsGoneIsReportedAndTheWindowIsUsable();
+    void savedTextFileThatIsGoneIsReportedAndTheRestGoesOn();
+    void savedDriveThatIsGoneIsReported();
+    void unwritableProgramFolderIsReportedAndTheWindowIsUsable();
+    void registeredFolderThatIsGoneIsReported();
+    void neitherSimulatorLeavesTheLabelEmptyAndThePickersAlone();
+    void simulatorXGivesAirplanes();
+    void emptyFs9ValueFallsThroughToSimulatorX();
+    void versionOptionsSearchAgainAndSwitchTheHint();
+    void focusIsOnBrowseText();
+    void page3AsksForTheDirectory();
+};
+
+void TestStartUp::captionNamesProgramAndVersion()
+{
+    Program program;
+    QCOMPARE(program.start().windowTitle(), QString("Morlen Utilities - Version 1.5.4"));
+}
+
+void TestStartUp::programFolderIsTheCurrentDirectory()
+{
+    Program program;
+    QCOMPARE(program.start().state().MorlenEDir, QString("C:\\Morlen\\"));
+}
+
+void TestStartUp::developmentFolderWinsOverTheCurrentDirectory()
+{
+    Program program;
+    program.sandbox.makeFolder("C:\\Devel\\MorlenEditor");
+    QCOMPARE(program.start().state().MorlenEDir, QString("C:\\devel\\MorlenEditor\\"));
+    QVERIFY(program.sandbox.exists("C:\\Devel\\MorlenEditor\\MorlenE.ini"));
+    QVERIFY(!program.sandbox.exists(Program::settingsFile));
+}
+
+void TestStartUp::firstRunCreatesAnEmptySettingsFileAndShowsPage0()
+{
+    Program program;
+    program.start();
+    QCOMPARE(program.sandbox.read(Program::settingsFile), QByteArray());
+    QVERIFY(program.window->isVisible());
+    QVERIFY(program.find<QTabWidget>("SSTab1")->isVisible());
+    QCOMPARE(program.find<QTabWidget>("SSTab1")->currentIndex(), 0);
+    QVERIFY(program.window->state().ShowAddAirportHelp);
+    QCOMPARE(program.find<ListBox>("Tab0List2")->count(), 0);
+    QCOMPARE(program.find<ListBox>("Tab0List3")->count(), 0);
+    QCOMPARE(program.label("lblFSPath"), Program::aircraftDir);
+    QCOMPARE(program.label("lblAircraftTextFile"), QString("Please select an Aircraft Text File"));
+    QCOMPARE(program.outside.dialogs.boxes.size(), 0);
+}
+
+void TestStartUp::firstRunSearchesTheSimulatorTwice()
+{
+    // A folder that is not there is reported once per search.
+    Program program;
+    program.outside.registry.installFs9("C:\\Gone");
+    program.start();
+    QCOMPARE(program.outside.dialogs.boxes.size(), 2);
+
+    Program second;
+    second.rememberUsualRun();
+    second.outside.registry.installFs9("C:\\Gone");
+    second.start();
+    QCOMPARE(second.outside.dialogs.boxes.size(), 1);
+}
+
+void TestStartUp::settingsOfTenBytesCountAsAbsentElevenAreRead()
+{
+    Program program;
+    program.sandbox.write(Program::settingsFile, "3,a,c:,b,c"); // 10 bytes
+    program.start();
+    QCOMPARE(program.find<QTabWidget>("SSTab1")->currentIndex(), 0);
+    QCOMPARE(program.outside.dialogs.boxes.size(), 0);
+
+    Program second;
+    second.sandbox.write(Program::settingsFile, "3,a,c:,b,,d"); // 11 bytes
+    second.start();
+    QCOMPARE(second.find<QTabWidget>("SSTab1")->currentIndex(), 3);
+    QCOMPARE(second.window->state().strTToolsPath, QString("a"));
+    QVERIFY(!second.window->state().ShowAddAirportHelp);
+}
+
+void TestStartUp::stepsRunInTheirOrder()
+{
+    // The settings cannot be read: what stands before that step has happened, what follows has not.
+    Program program;
+    program.sandbox.write(Program::settingsFile, "3\r\nC:\\TTools\\TTools.exe\r\n");
+    program.sandbox.write(Program::logFile, "old");
+    program.start();
+    QCOMPARE(program.outside.dialogs.boxes.size(), 1);
+    QCOMPARE(program.outside.dialogs.boxes[0].title, QString("Form Load Error"));
+    QCOMPARE(program.outside.dialogs.boxes[0].prompt,
+             QString("Error  62 Input past end of file\rOpening C:\\Morlen\\\\MorlenE.ini"));
+    QCOMPARE(program.label("lblFSPath"), Program::aircraftDir);
+    QVERIFY(!program.sandbox.exists(Program::logFile));
+    QCOMPARE(program.find<QLabel>("Tab3Label6")->text(), QString("Varlo"));
+    QCOMPARE(program.window->state().DefaultName, QString("FlightPlans_"));
+    QCOMPARE(program.find<ListBox>("Tab3List3")->count(), 0);
+}
+
+void TestStartUp::previousRunIsRestored()
+{
+    Program program;
+    program.rememberUsualRun();
+    program.start();
+    QCOMPARE(program.label("lblAircraftTextFile"), Program::textFile);
+    QCOMPARE(program.window->state().AircraftTextDir, Program::textFile);
+    QCOMPARE(program.window->state().strTToolsDir, QString("C:\\TTools\\"));
+    QCOMPARE(program.find<ListBox>("Tab0List3")->items(), QStringList{"AC#4,477,\"Boeing Blue\""});
+    QCOMPARE(program.find<ListBox>("Tab0List2")->items(), QStringList{"Airbus Blue 454"});
+    QVERIFY(program.find<QPushButton>("cmdEdit")->isEnabled());
+    QVERIFY(!program.find<QLabel>("lblAircraftTextFile")->font().bold());
+    QCOMPARE(program.find<DirListBox>("Tab3Dir1")->path(), Program::aircraftDir);
+    QCOMPARE(program.outside.dialogs.boxes.size(), 0);
+}
+
+void TestStartUp::savedDirectoryWinsOverTheRegistry()
+{
+    Program program;
+    program.sandbox.makeFolder("C:\\Other\\AIRPLANES");
+    program.remember("0", "", "c:", "C:\\Other\\AIRPLANES", "", "True");
+    program.start();
+    QCOMPARE(program.label("lblFSPath"), QString("C:\\Other\\AIRPLANES"));
+    QCOMPARE(program.window->state().AirCraftDir, QString("C:\\Other\\AIRPLANES"));
+    QCOMPARE(program.find<DirListBox>("Dir1")->path(), QString("C:\\Other\\AIRPLANES"));
+    QCOMPARE(program.find<DirListBox>("Tab3Dir1")->path(), QString("C:\\Other\\AIRPLANES"));
+}
+
+void TestStartUp::directoryWithoutAnAircraftWordIsNotApplied()
+{
+    Program program;
+    program.sandbox.makeFolder("C:\\Planes");
+    program.remember("0", "", "c:", "C:\\Planes", "", "True");
+    program.start();
+    QCOMPARE(program.find<DirListBox>("Dir1")->path(), Program::aircraftDir);
+    QCOMPARE(program.find<DirListBox>("Tab3Dir1")->path(), Program::aircraftDir);
+    QCOMPARE(program.label("lblFSPath"), Program::aircraftDir);
+}
+
+void TestStartUp::directoryWithTheWordElsewhereFillsOnlyAnEmptyLabel()
+{
+    Program program;
+    program.sandbox.makeFolder("C:\\My Rotorcraft\\new");
+    program.remember("0", "", "c:", "C:\\My Rotorcraft\\new", "", "True");
+    program.start();
+    QCOMPARE(program.label("lblFSPath"), Program::aircraftDir);
+    QCOMPARE(program.find<DirListBox>("Tab3Dir1")->path(), QString("C:\\My Rotorcraft\\new"));
+
+    Program second;
+    second.outside.registry.installFs9("");
+    second.sandbox.makeFolder("C:\\My Rotorcraft\\new");
+    second.remember("0", "", "c:", "C:\\My Rotorcraft\\new", "", "True");
+    second.start();
+    QCOMPARE(second.label("lblFSPath"), QString("C:\\My Rotorcraft\\new"));
+    QCOMPARE(second.find<DirListBox>("Dir1")->path(), QString("C:\\My Rotorcraft\\new"));
+}
+
+void TestStartUp::savedPage3OpensPage3EmptyOpensPage0()
+{
+    Program program;
+    program.rememberUsualRun("3");
+    program.start();
+    QCOMPARE(program.find<QTabWidget>("SSTab1")->currentIndex(), 3);
+
+    Program second;
+    second.rememberUsualRun("");
+    second.start();
+    QCOMPARE(second.find<QTabWidget>("SSTab1")->currentIndex(), 0);
+    QCOMPARE(second.outside.dialogs.boxes.size(), 0);
+}
+
+void TestStartUp::savedPageThatIsNoPageIsReportedAndTheWindowIsUsable_data()
+{
+    QTest::addColumn<QByteArray>("page");
+    QTest::addColumn<QString>("error");
+    QTest::newRow("a word") << QByteArray("first") << "Error  13 Type mismatch";
+    QTest::newRow("too large") << QByteArray("4") << "Error  5 Invalid procedure call or argument";
+    QTest::newRow("far too large") << QByteArray("99999") << "Error  6 Overflow";
+}
+
+void TestStartUp::savedPageThatIsNoPageIsReportedAndTheWindowIsUsable()
+{
+    QFETCH(QByteArray, page);
+    QFETCH(QString, error);
+    Program program;
+    program.rememberUsualRun(page);
+    program.start();
+    QCOMPARE(program.outside.dialogs.boxes.size(), 1);
+    QCOMPARE(program.outside.dialogs.boxes[0].title, QString("Form Load Error"));
+    QVERIFY(program.outside.dialogs.boxes[0].prompt.startsWith(error + '\r'));
+    QVERIFY(program.find<QTabWidget>("SSTab1")->isVisible());
+    QCOMPARE(program.find<ListBox>("Tab0List2")->count(), 1);
+}
+
+void TestStartUp::tToolsPathOf50IsShownWholeOf51Shortened()
+{
+    const QByteArray path50 = "C:\\" + QByteArray(36, 'x') + "\\TTools.exe";
+    QCOMPARE(path50.size(), 50);
+    Program program;
+    program.remember("0", path50, "c:", "", "", "True");
+    program.start();
+    QCOMPARE(program.find<QLineEdit>("tab2txtTToolsDir")->text(), QString(path50.constData()));
+    QCOMPARE(program.find<QGroupBox>("tab2TToolsDir")->title(), QString("TTools Directory"));
+
+    const QByteArray path51 = "C:\\" + QByteArray(37, 'x') + "\\TTools.exe";
+    Program second;
+    second.remember("0", path51, "c:", "", "", "True");
+    second.start();
+    QCOMPARE(second.find<QLineEdit>("tab2txtTToolsDir")->text(),
+             QString("..." + QString(path51.right(50).constData())));
+}
+
+void TestStartUp::textFilePathOf60IsShownWholeOf61Shortened()
+{
+    for (const int length : {60, 61}) {
+        Program program;
+        const QString path = "C:\\" + QString(length - 3 - 13, 'x') + "\\aircraft.txt";
+        QCOMPARE(path.size(), length);
+        program.sandbox.write(path, "");
+        program.remember("0", "", "c:", Program::aircraftDir.toLatin1(), path.toLatin1(), "True");
+        program.start();
+        QCOMPARE(program.label("lblAircraftTextFile"), length == 60 ? path : "..." + path.last(60));
+        QCOMPARE(program.window->state().AircraftTextDir, path);
+        QCOMPARE(program.outside.dialogs.boxes.size(), 0);
+    }
+}
+
+void TestStartUp::tToolsKnownEnablesNamingOfASet()
+{
+    Program program;
+    program.rememberUsualRun();
+    program.start();
+    QVERIFY(program.find<QGroupBox>("tab2Frame12")->isEnabled());
+    QVERIFY(program.find<QGroupBox>("tab2Frame12")->font().bold());
+    QCOMPARE(program.find<QGroupBox>("tab2Frame12")->palette().color(QPalette::WindowText),
+             QColor(255, 0, 0));
+    QVERIFY(program.find<QPushButton>("tab2Command2")->isEnabled());
+    QVERIFY(program.find<QLineEdit>("tab2txtFltPlan")->isEnabled());
+    QCOMPARE(program.find<QLineEdit>("tab2txtFltPlan")->text(), QString("FlightPlans_"));
+    QCOMPARE(program.find<QLineEdit>("tab2txtFltPlan")->cursorPosition(), 12);
+}
+
+void TestStartUp::tToolsUnknownLeavesNamingDisabled()
+{
+    Program program;
+    program.remember("0", "C:\\TTools\\Other.exe", "c:", "", "", "True");
+    program.start();
+    QVERIFY(!program.find<QGroupBox>("tab2Frame12")->isEnabled());
+    QVERIFY(!program.find<QPushButton>("tab2Command2")->isEnabled());
+    QVERIFY(!program.find<QLineEdit>("tab2txtFltPlan")->isEnabled());
+    QCOMPARE(program.find<QGroupBox>("tab2TToolsDir")->title(),
+             QString("Select yourTTools Directory"));
+}
+
+void TestStartUp::runTToolsIsEnabledExactlyWhenTToolsStandsBesideTheTextFile()
+{
+    Program program;
+    program.rememberUsualRun();
+    program.start();
+    QVERIFY(program.find<QPushButton>("cmdTtools")->isEnabled());
+
+    Program second;
+    second.sandbox.write("C:\\TTools\\TTools.exe", "");
+    second.rememberUsualRun();
+    second.start();
+    QVERIFY(!second.find<QPushButton>("cmdTtools")->isEnabled());
+}
+
+void TestStartUp::everyStartDeletesTheTraceLog()
+{
+    Program program;
+    program.sandbox.write(Program::logFile, "traced");
+    program.start();
+    QVERIFY(!program.sandbox.exists(Program::logFile));
+    QVERIFY(!program.find<QAction>("mnuTrace")->isChecked());
+    QVERIFY(!program.window->state().TraceOn);
+}
+
+void TestStartUp::reminderFlagIsTrueOnlyForTheWordTrue_data()
+{
+    QTest::addColumn<QByteArray>("word");
+    QTest::addColumn<bool>("shown");
+    QTest::newRow("True") << QByteArray("True") << true;
+    QTest::newRow("mixed case") << QByteArray("tRuE") << true;
+    QTest::newRow("False") << QByteArray("False") << false;
+    QTest::newRow("a number") << QByteArray("-1") << false;
+}
+
+void TestStartUp::reminderFlagIsTrueOnlyForTheWordTrue()
+{
+    QFETCH(QByteArray, word);
+    QFETCH(bool, shown);
+    Program program;
+    program.remember("0", "", "c:", "", "", word);
+    program.start();
+    QCOMPARE(program.window->state().ShowAddAirportHelp, shown);
+}
+
+void TestStartUp::commaInAPathShiftsTheValuesThatFollow()
+{
+    Program program;
+    program.remember("0", "C:\\Tools, mine\\TTools.exe", "c:", "C:\\x", "true", "False");
+    program.start();
+    QCOMPARE(program.window->state().strTToolsPath, QString("C:\\Tools"));
+    QCOMPARE(program.outside.dialogs.boxes.size(), 1); // "mine\TTools.exe" is no drive
+    QVERIFY(program.outside.dialogs.boxes[0].prompt.startsWith("Error  68 Device unavailable\r"));
+}
+
+void TestStartUp::settingsWithOneLineAreReportedAndTheWindowIsUsable()
+{
+    Program program;
+    program.sandbox.write(Program::settingsFile, "just one long line\r\n");
+    program.start();
+    QCOMPARE(program.outside.dialogs.boxes.size(), 1);
+    QCOMPARE(program.outside.dialogs.boxes[0].icon, MessageBox::Icon::Exclamation);
+    QCOMPARE(program.outside.dialogs.boxes[0].prompt,
+             QString("Error  62 Input past end of file\rOpening C:\\Morlen\\\\MorlenE.ini"));
+    QVERIFY(program.window->isVisible());
+    QVERIFY(program.find<QTabWidget>("SSTab1")->isVisible());
+    QVERIFY(program.find<QPushButton>("cmdBrowseText")->isEnabled());
+    QCOMPARE(program.sandbox.read(Program::settingsFile), QByteArray("just one long line\r\n"));
+}
+
+void TestStartUp::binarySettingsAreReportedOrIgnoredButNeverFatal()
+{
+    QByteArray bytes;
+    for (int i = 0; i < 4096; ++i) {
+        bytes += static_cast<char>((i * 37) % 256);
+    }
+    Program program;
+    program.sandbox.write(Program::settingsFile, bytes);
+    program.start();
+    QCOMPARE(program.outside.dialogs.boxes.size(), 1);
+    QCOMPARE(program.outside.dialogs.boxes[0].title, QString("Form Load Error"));
+    QVERIFY(program.find<QTabWidget>("SSTab1")->isVisible());
+    QCOMPARE(program.sandbox.read(Program::settingsFile), bytes);
+}
+
+void TestStartUp::savedDirectoryThatIsGoneIsReportedAndTheWindowIsUsable()
+{
+    Program program;
+    program.remember("0", "", "c:", "C:\\Gone\\Aircraft", "", "True");
+    program.start();
+    QCOMPARE(program.outside.dialogs.boxes.size(), 1);
+    QCOMPARE(program.outside.dialogs.boxes[0].title, QString("Form Load Error"));
+    QCOMPARE(program.outside.dialogs.boxes[0].prompt,
+             QString("Error  76 Path not found\rSetting FS path to: C:\\Gone\\Aircraft"));
+    QVERIFY(program.window->isVisible());
+    QVERIFY(program.find<QTabWidget>("SSTab1")->isVisible());
+    QCOMPARE(program.label("lblFSPath"), Program::aircraftDir);
+}
+
+void TestStartUp::savedTextFileThatIsGoneIsReportedAndTheRestGoesOn()
+{
+    Program program;
+    program.remember("3", "", "c:", Program::aircraftDir.toLatin1(),
+                     "C:\\TTools\\aircraft_gone.txt", "True");
+    program.start();
+    QCOMPARE(program.outside.dialogs.boxes.size(), 1);
+    QCOMPARE(program.outside.dialogs.boxes[0].title, QString("LoadList Error"));
+    QCOMPARE(program.outside.dialogs.boxes[0].prompt,
+             QString("Error  53 File not found\rOpen C:\\TTools\\aircraft_gone.txt"));
+    QCOMPARE(program.find<QTabWidget>("SSTab1")->currentIndex(), 3);
+}
+
+void TestStartUp::savedDriveThatIsGoneIsReported()
+{
+    Program program;
+    program.remember("0", "", "q:", Program::aircraftDir.toLatin1(), "", "True");
+    program.start();
+    QCOMPARE(program.outside.dialogs.boxes.size(), 1);
+    QCOMPARE(program.outside.dialogs.boxes[0].prompt,
+             QString("Error  68 Device unavailable\rOpening C:\\Morlen\\\\MorlenE.ini"));
+}
+
+void TestStartUp::unwritableProgramFolderIsReportedAndTheWindowIsUsable()
+{
+    Program program;
+    QFile::setPermissions(program.sandbox.host("C:\\Morlen"), QFile::ReadOwner | QFile::ExeOwner);
+    const OrdinaryUser user(program.sandbox);
+    program.start();
+    QCOMPARE(program.outside.dialogs.boxes.size(), 1);
+    QCOMPARE(program.outside.dialogs.boxes[0].title, QString("Form Load Error"));
+    QCOMPARE(program.outside.dialogs.boxes[0].prompt,
+             QString("Error  75 Path/File access error\rOpening C:\\Morlen\\\\TraceLog.txt"));
+    QVERIFY(program.find<QTabWidget>("SSTab1")->isVisible());
+}
+
+void TestStartUp::registeredFolderThatIsGoneIsReported()
+{
+    Program program;
+    program.outside.registry.installFs9("C:\\Gone");
+    program.rememberUsualRun();
+    program.start();
+    QCOMPARE(program.outside.dialogs.boxes.size(), 1);
+    QCOMPARE(program.outside.dialogs.boxes[0].title, QString("FS Path Error"));
+    QCOMPARE(program.outside.dialogs.boxes[0].prompt,
+             QString("Error  76 Path not found\rGet FlightSim Path"));
+    QCOMPARE(program.find<ListBox>("Tab0List2")->count(), 1); // the saved directory is there
+}
+
+void TestStartUp::neitherSimulatorLeavesTheLabelEmptyAndThePickersAlone()
+{
+    Program program;
+    program.outside.registry.installFs9("No Path");
+    program.start();
+    QCOMPARE(program.label("lblFSPath"), QString());
+    QCOMPARE(program.find<DirListBox>("Dir1")->path(), QString("C:\\Morlen"));
+    QCOMPARE(program.find<DirListBox>("Tab3Dir1")->path(), QString("C:\\Morlen"));
+    QCOMPARE(program.outside.dialogs.boxes.size(), 0);
+}
+
+void TestStartUp::simulatorXGivesAirplanes()
+{
+    Program program;
+    program.outside.registry.installFs9("");
+    program.outside.registry.installFsX("C:\\Microsoft FLIGHT simulator x");
+    program.sandbox.makeFolder("C:\\Microsoft FLIGHT simulator x\\Airplanes");
+    program.start();
+    QCOMPARE(program.label("lblFSPath"), QString("C:\\Microsoft FLIGHT simulator x\\Airplanes"));
+    QCOMPARE(program.find<DriveListBox>("Tab3Drive1")->drive(), QString("c:"));
+}
+
+void TestStartUp::emptyFs9ValueFallsThroughToSimulatorX()
+{
+    Program program;
+    program.outside.registry.installFs9("");
+    program.outside.registry.installFsX("C:\\FS9"); // the words decide, not the key
+    program.start();
+    QCOMPARE(program.label("lblFSPath"), Program::aircraftDir);
+}
+
+void TestStartUp::versionOptionsSearchAgainAndSwitchTheHint()
+{
+    Program program;
+    program.rememberUsualRun();
+    program.start();
+    QCOMPARE(program.window->state().FSType, QString("2004"));
+    program.find<QWidget>("opt2002")->setFocus();
+    QTest::mouseClick(program.find<QWidget>("opt2002"), Qt::LeftButton, {}, {8, 8});
+    QCOMPARE(program.window->state().FSType, QString("2002"));
+    QVERIFY(!program.find<QLabel>("lblTextFileSets")->isEnabled());
+    QCOMPARE(program.find<ListBox>("Tab0List2")->count(), 0); // emptied for the new location
+    QCOMPARE(program.label("lblFSPath"), Program::aircraftDir);
+    QTest::mouseClick(program.find<QWidget>("opt2004"), Qt::LeftButton, {}, {8, 8});
+    QCOMPARE(program.window->state().FSType, QString("2004"));
+    QVERIFY(program.find<QLabel>("lblTextFileSets")->isEnabled());
+}
+
+void TestStartUp::focusIsOnBrowseText()
+{
+    Program program;
+    program.rememberUsualRun();
+    program.start();
+    program.window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(program.window.get()));
+    QCOMPARE(program.window->focusWidget()->objectName(), QString("cmdBrowseText"));
+}
+
+void TestStartUp::page3AsksForTheDirectory()
+{
+    Program program;
+    program.start();
+    QCOMPARE(program.find<ListBox>("Tab3List3")->items(),
+             QStringList{"<--- Please select your Flight Simulator Aircraft directory!"});
+    QVERIFY(!program.find<QWidget>("Tab3chkDumpList")->isEnabled());
+}
+
+QTEST_MAIN(TestStartUp)
+#include "test_start_up.moc"
