@@ -1,0 +1,222 @@
+// SPDX-License-Identifier: MIT
+#include "tests/support/real_user.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QProcess>
+#include <QPushButton>
+#include <QStyle>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QThread>
+
+#include <stdexcept>
+
+namespace
+{
+
+constexpr int patience = 10000; // milliseconds a step waits for what it needs
+
+/// Runs in the program's own thread, also while a box is open there.
+template <typename Work>
+auto inProgram(Work work)
+{
+    decltype(work()) result{};
+    QMetaObject::invokeMethod(
+        qApp, [&] { result = work(); }, Qt::BlockingQueuedConnection);
+    return result;
+}
+
+void tool(const QString &program, const QStringList &arguments)
+{
+    QProcess process;
+    process.start(program, arguments);
+    if (!process.waitForFinished() || process.exitCode() != 0) {
+        throw std::runtime_error((program + ' ' + arguments.join(' ')).toStdString());
+    }
+}
+
+QMessageBox *openBox()
+{
+    return qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+}
+
+} // namespace
+
+QString RealUser::run(QMainWindow &window, const std::function<void(RealUser &)> &steps)
+{
+    QString problem;
+    const std::unique_ptr<QThread> thread(QThread::create([&] {
+        try {
+            RealUser user(window);
+            user.await("the window in front", [&] { return window.isActiveWindow(); });
+            steps(user);
+        } catch (const std::exception &error) {
+            shoot("failed");
+            problem = QString::fromLocal8Bit(error.what());
+        }
+        // A box that nobody answers would keep the program from ending.
+        QMetaObject::invokeMethod(qApp, [] {
+            if (auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget())) {
+                dialog->reject();
+            }
+            QCoreApplication::exit();
+        });
+    }));
+    thread->start();
+    QApplication::exec();
+    while (!thread->wait(10)) {
+        QCoreApplication::processEvents();
+    }
+    return problem;
+}
+
+void RealUser::await(const QString &what, const std::function<bool()> &isSo)
+{
+    QElapsedTimer timer;
+    timer.start();
+    while (!inProgram(isSo)) {
+        if (timer.elapsed() > patience) {
+            throw std::runtime_error("waited in vain for " + what.toStdString());
+        }
+        QThread::msleep(10);
+    }
+}
+
+void RealUser::clickAt(const QPoint &global, int times)
+{
+    tool("xdotool",
+         {"mousemove", "--sync", QString::number(global.x()), QString::number(global.y())});
+    tool("xdotool", {"click", "--repeat", QString::number(times), "--delay", "60", "1"});
+}
+
+QPoint RealUser::centre(QWidget *widget)
+{
+    return inProgram([=] { return widget->mapToGlobal(widget->rect().center()); });
+}
+
+void RealUser::click(const QString &control)
+{
+    QWidget *widget = nullptr;
+    await(control, [&] {
+        widget = m_window.findChild<QWidget *>(control);
+        return widget != nullptr && widget->isVisible() && widget->isEnabled();
+    });
+    clickAt(centre(widget));
+}
+
+void RealUser::moveTo(const QString &control)
+{
+    const QPoint place = centre(m_window.findChild<QWidget *>(control));
+    tool("xdotool",
+         {"mousemove", "--sync", QString::number(place.x()), QString::number(place.y())});
+}
+
+QPoint RealUser::entryPosition(const QString &list, int row, bool checkBox)
+{
+    QPoint place;
+    await(list + " entry " + QString::number(row), [&] {
+        auto *view = m_window.findChild<QAbstractItemView *>(list);
+        if (view == nullptr || !view->isVisible() || view->model()->rowCount() <= row) {
+            return false;
+        }
+        const QRect entry = view->visualRect(view->model()->index(row, 0));
+        const int box = view->style()->pixelMetric(QStyle::PM_IndicatorWidth);
+        place = view->viewport()->mapToGlobal(QPoint(
+            checkBox ? entry.left() + box / 2 + 3 : entry.left() + 3 * box, entry.center().y()));
+        return true;
+    });
+    return place;
+}
+
+void RealUser::clickCheckBox(const QString &list, int row)
+{
+    clickAt(entryPosition(list, row, true));
+}
+
+void RealUser::clickEntry(const QString &list, int row)
+{
+    clickAt(entryPosition(list, row, false));
+}
+
+void RealUser::doubleClickEntry(const QString &list, int row)
+{
+    clickAt(entryPosition(list, row, false), 2);
+}
+
+void RealUser::clickTab(int page)
+{
+    const QPoint place = inProgram([&] {
+        auto *bar = m_window.findChild<QTabWidget *>("SSTab1")->tabBar();
+        return bar->mapToGlobal(bar->tabRect(page).center());
+    });
+    clickAt(place);
+}
+
+void RealUser::press(const QString &keys)
+{
+    tool("xdotool", {"key", keys});
+}
+
+void RealUser::type(const QString &text)
+{
+    tool("xdotool", {"type", "--delay", "1", text});
+}
+
+QString RealUser::box()
+{
+    QString text;
+    await("a message box", [&] {
+        const QMessageBox *box = openBox();
+        if (box == nullptr || !box->isActiveWindow()) {
+            return false;
+        }
+        text = box->windowTitle() + '|' + box->text();
+        return true;
+    });
+    return text;
+}
+
+void RealUser::answer(const QString &button)
+{
+    box();
+    QWidget *found = nullptr;
+    await("the button " + button, [&] {
+        for (QAbstractButton *candidate : openBox()->buttons()) {
+            if (candidate->text().remove('&') == button) {
+                found = candidate;
+            }
+        }
+        return found != nullptr;
+    });
+    const QMessageBox *before = inProgram([] { return openBox(); });
+    clickAt(centre(found));
+    await("the box to close", [&] { return openBox() != before; });
+}
+
+void RealUser::chooseFile(const QString &hostPath)
+{
+    const auto dialog = [] {
+        return qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+    };
+    await("the file dialog", [&] { return dialog() != nullptr && dialog()->isActiveWindow(); });
+    type(hostPath);
+    press("Return");
+    await("the file dialog to close", [&] { return dialog() == nullptr; });
+}
+
+void RealUser::closeWindow()
+{
+    tool("xdotool", {"key", "alt+F4"});
+}
+
+void RealUser::shoot(const QString &name)
+{
+    const QString folder = qEnvironmentVariable("SCREENSHOTS");
+    if (!folder.isEmpty()) {
+        tool("import", {"-window", "root", folder + '/' + name + ".png"});
+    }
+}
