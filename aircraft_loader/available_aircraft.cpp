@@ -52,11 +52,11 @@ void AircraftWalk::run(const QString &directory, const QStringList &subFolders, 
             continue;
         }
         ErrMsg = QStringLiteral("Get Aircraft Name");
-        const QString CfgFileName = paths::join(folder, file);
-        AirCraftName = aircraft_cfg::folderName(CfgFileName, layout.airplanes, layout.rotorcraft);
+        const QString cfgFileName = paths::join(folder, file);
+        AirCraftName = aircraft_cfg::folderName(cfgFileName, layout.airplanes, layout.rotorcraft);
         try {
             m_cfg.CheckFile(
-                CfgFileName, [&]() -> const QByteArray & { return reader.read(); }, ErrMsg);
+                cfgFileName, [&]() -> const QByteArray & { return reader.read(); }, ErrMsg);
         } catch (const RuntimeError &error) {
             listener.fileFailed(error);
         }

@@ -75,9 +75,9 @@ QString leadingDecimal(QStringView text)
         if (isBlankForVal(c)) {
             continue;
         }
-        if (c >= '0' && c <= '9') {
-            number += c;
-        } else if ((c == '+' || c == '-') && (number.isEmpty() || last == 'e')) {
+        const bool digit = c >= '0' && c <= '9';
+        const bool sign = (c == '+' || c == '-') && (number.isEmpty() || last == 'e');
+        if (digit || sign) {
             number += c;
         } else if (c == '.' && !point && !exponent) {
             point = true;

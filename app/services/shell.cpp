@@ -20,9 +20,9 @@ constexpr qsizetype bufferLength = 260;
 /// Lets the window live until something happens or a short while has passed: no processor is burnt.
 void processEventsForAWhile()
 {
-    QEventLoop loop;
-    QTimer::singleShot(30, &loop, &QEventLoop::quit);
-    loop.processEvents(QEventLoop::WaitForMoreEvents);
+    QTimer alarm;
+    alarm.start(30);
+    QEventLoop().processEvents(QEventLoop::WaitForMoreEvents);
 }
 
 /// The first file of a name below a folder, or empty. `visited` keeps links from leading in

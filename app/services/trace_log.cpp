@@ -24,7 +24,7 @@ void TraceLog::WriteToLog()
     append(bare ? m_state.TraceMsg : basic::clockTime(m_clock.now()) + " - " + m_state.TraceMsg);
 }
 
-void TraceLog::append(const QString &line)
+void TraceLog::append(const QString &line) const
 {
     const QByteArray bytes = basic::encode(line + "\r\n");
     const QByteArray content = files::exists(path()) ? files::readAll(path()) : QByteArray();
@@ -66,7 +66,7 @@ void TraceLog::setTracing(bool on)
 
 QString TraceLog::separator()
 {
-    return QString(80, '=');
+    return {80, '='};
 }
 
 QString TraceLog::banner(const QString &text)

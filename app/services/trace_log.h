@@ -37,7 +37,7 @@ public:
     static QString cut(const QString &text) { return text.first(qMin<qsizetype>(text.size(), 69)); }
 
 private:
-    void append(const QString &line);
+    void append(const QString &line) const;
     QString dateAndTime() const;
 
     FormState &m_state;
