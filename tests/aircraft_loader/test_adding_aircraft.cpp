@@ -1,0 +1,504 @@
+// SPDX-License-Identifier: MIT
+// Adding the ticked aircraft to the aircraft text file.
+#include "tests/support/aircraft_loader_driver.h"
+
+#include <QDir>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QtTest>
+
+#include <sys/resource.h>
+
+namespace
+{
+
+const QString backup1 = AircraftLoaderDriver::textFile + ".Backup1";
+const QString backup2 = AircraftLoaderDriver::textFile + ".Backup2";
+const QString allDone = QStringLiteral("Information, Add AI: All Done!  AI Aircraft Added");
+const QString appendStep = QStringLiteral("Open C:\\TTools\\Aircraft_Set.txt for Append");
+const QByteArray comment = "//AI Aircraft Added Sunday, November 01, 2026 14:03:27\r\n";
+const QByteArray notInstalled = "AC#9,120,\"Not installed\"\r\n";
+
+/// Four titles of one aircraft, none of them used, and a text file with TTools beside it.
+struct AddingPage : AircraftLoaderDriver {
+    explicit AddingPage(const QByteArray &existingLines = notInstalled)
+    {
+        addAircraft("B734", {"Alpha", "Bravo", "Charlie", "Delta"}, "477");
+        writeTextFile(existingLines);
+        sandbox.write("C:\\TTools\\TTools.exe", "MZ");
+        start();
+    }
+
+    void add(std::initializer_list<int> entries) const
+    {
+        for (const int entry : entries) {
+            tick(entry);
+        }
+        press("cmdAddAI");
+    }
+};
+
+/// Lets no file grow beyond a size, as a full disk would.
+class FileSizeLimit
+{
+public:
+    explicit FileSizeLimit(qint64 bytes)
+    {
+        getrlimit(RLIMIT_FSIZE, &m_before);
+        const rlimit limit = {static_cast<rlim_t>(bytes), m_before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+
+    ~FileSizeLimit() { setrlimit(RLIMIT_FSIZE, &m_before); }
+
+    FileSizeLimit(const FileSizeLimit &) = delete;
+    FileSizeLimit &operator=(const FileSizeLimit &) = delete;
+
+private:
+    rlimit m_before = {};
+};
+
+} // namespace
+
+class TestAddingAircraft : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void threeAircraftAfterNumber9Are10To12InListOrderBelowOneComment();
+    void addingToAnEmptyFileStartsAt1AndMakesNoBackup();
+    void numberFollowsTheLastLineNotTheLargest();
+    void numberStartsAgainWhenAnotherFileIsLoaded();
+    void commentIsWrittenOncePerPress();
+    void commentHoldsTheMomentOfAdding();
+    void onlyTickedAircraftAreAdded();
+    void checkAllAddsEverything();
+    void nothingCheckedLeavesTheFileAndStillShowsTheMessage();
+    void fileIsBackedUpBeforeAnythingIsWritten();
+    void secondAdditionKeepsTwoGenerations();
+    void listsAreRebuiltFromTheFile();
+    void messageComesBeforeTheListsAreRebuilt();
+    void focusGoesToQuit();
+    void setBeingFilledGetsControlBack();
+    void flagTellsThatAircraftWereAdded();
+    void speedOfFiveFiguresIsWrittenWithTheValuesOfTheEntryBefore();
+    void speedOfFiveFiguresFirstIsWrittenWithEmptyValues();
+    void fiveFiguresInTheNextPressKnowNothingOfTheLastOne();
+    void speedsOfOneToFourFiguresAreWritten();
+    void lastLineWithoutALineEndIsCompletedFirst_data();
+    void lastLineWithoutALineEndIsCompletedFirst();
+    void existingBytesAreNeverRewritten();
+    void titleBytesAreWrittenAsTheyAreInTheCfg();
+    void readOnlyFileIsReportedAndLeftAlone();
+    void fullDiskIsReported();
+    void diskThatFillsUpHalfWayKeepsWhatWasAddedBefore();
+    void failureLeavesTicksAndFocusForAnotherTry();
+    void numberBeyond32767IsReported();
+    void countBeyond32767IsReported();
+    void fileDeletedMeanwhileIsReportedAndBegunAnew();
+    void folderDeletedMeanwhileIsReported();
+    void backupThatFailsIsReportedAndTheAircraftAreAdded();
+    void failureIsTraced();
+};
+
+void TestAddingAircraft::threeAircraftAfterNumber9Are10To12InListOrderBelowOneComment()
+{
+    AddingPage user;
+    user.add({3, 0, 2});
+    QCOMPARE(user.textFileBytes(), notInstalled + comment +
+                                       "AC#10,477,\"Alpha\"\r\n"
+                                       "AC#11,477,\"Charlie\"\r\n"
+                                       "AC#12,477,\"Delta\"\r\n");
+    QCOMPARE(user.messages(), QStringList{allDone});
+}
+
+void TestAddingAircraft::addingToAnEmptyFileStartsAt1AndMakesNoBackup()
+{
+    AddingPage user("");
+    user.add({1});
+    QCOMPARE(user.textFileBytes(), comment + "AC#1,477,\"Bravo\"\r\n");
+    QVERIFY(!user.sandbox.exists(backup1));
+}
+
+void TestAddingAircraft::numberFollowsTheLastLineNotTheLargest()
+{
+    AddingPage user("AC#7,120,\"Seven\"\r\nAC#2,120,\"Two\"\r\n");
+    user.add({0});
+    QCOMPARE(user.textFileBytes(),
+             "AC#7,120,\"Seven\"\r\nAC#2,120,\"Two\"\r\n" + comment + "AC#3,477,\"Alpha\"\r\n");
+}
+
+void TestAddingAircraft::numberStartsAgainWhenAnotherFileIsLoaded()
+{
+    AddingPage user("AC#5,120,\"Five\"\r\n");
+    user.sandbox.write("C:\\TTools\\Aircraft_New.txt", "short\r\n");
+    user.chooseTextFile("C:\\TTools\\Aircraft_New.txt");
+    user.add({0});
+    QCOMPARE(user.sandbox.read("C:\\TTools\\Aircraft_New.txt"),
+             "short\r\n" + comment + "AC#1,477,\"Alpha\"\r\n");
+    QCOMPARE(user.textFileBytes(), QByteArray("AC#5,120,\"Five\"\r\n"));
+}
+
+void TestAddingAircraft::commentIsWrittenOncePerPress()
+{
+    AddingPage user;
+    user.add({0, 1});
+    user.add({0, 1}); // the other two, which have moved up
+    QCOMPARE(user.textFileBytes(), notInstalled + comment +
+                                       "AC#10,477,\"Alpha\"\r\n"
+                                       "AC#11,477,\"Bravo\"\r\n" +
+                                       comment +
+                                       "AC#12,477,\"Charlie\"\r\n"
+                                       "AC#13,477,\"Delta\"\r\n");
+}
+
+void TestAddingAircraft::commentHoldsTheMomentOfAdding()
+{
+    AddingPage user("");
+    user.outside.clock.time = QDateTime({2024, 2, 9}, {0, 5, 0});
+    user.add({0});
+    QCOMPARE(user.textFileBytes(),
+             QByteArray("//AI Aircraft Added Friday, February 09, 2024 00:05:00\r\n"
+                        "AC#1,477,\"Alpha\"\r\n"));
+}
+
+void TestAddingAircraft::onlyTickedAircraftAreAdded()
+{
+    AddingPage user("");
+    user.tick(0);
+    user.tick(1);
+    user.tick(0); // unticked again
+    user.clickEntry("Tab0List2", 3);
+    user.press("cmdAddAI");
+    QCOMPARE(user.textFileBytes(), comment + "AC#1,477,\"Bravo\"\r\n");
+}
+
+void TestAddingAircraft::checkAllAddsEverything()
+{
+    AddingPage user("");
+    user.press("optAll");
+    user.press("cmdAddAI");
+    QCOMPARE(user.textFileBytes(), comment + "AC#1,477,\"Alpha\"\r\n"
+                                             "AC#2,477,\"Bravo\"\r\n"
+                                             "AC#3,477,\"Charlie\"\r\n"
+                                             "AC#4,477,\"Delta\"\r\n");
+    QCOMPARE(user.available(), QStringList{"All Available Aircraft have been used"});
+}
+
+void TestAddingAircraft::nothingCheckedLeavesTheFileAndStillShowsTheMessage()
+{
+    AddingPage user;
+    user.find<QPushButton>("cmdAddAI")->setEnabled(true);
+    user.press("cmdAddAI");
+    QCOMPARE(user.messages(), QStringList{allDone});
+    QCOMPARE(user.textFileBytes(), notInstalled);
+    QCOMPARE(user.sandbox.read(backup1), notInstalled);
+    QVERIFY(!user.isEnabled("cmdAddAI"));
+}
+
+void TestAddingAircraft::fileIsBackedUpBeforeAnythingIsWritten()
+{
+    AddingPage user;
+    user.add({0});
+    QCOMPARE(user.sandbox.read(backup1), notInstalled);
+    QVERIFY(!user.sandbox.exists(backup2));
+}
+
+void TestAddingAircraft::secondAdditionKeepsTwoGenerations()
+{
+    AddingPage user;
+    user.add({0});
+    const QByteArray afterFirst = user.textFileBytes();
+    user.add({0});
+    QCOMPARE(user.sandbox.read(backup1), afterFirst);
+    QCOMPARE(user.sandbox.read(backup2), notInstalled);
+}
+
+void TestAddingAircraft::listsAreRebuiltFromTheFile()
+{
+    AddingPage user;
+    user.add({1, 2});
+    QCOMPARE(user.existing(), (QStringList{"AC#9,120,\"Not installed\"", "AC#10,477,\"Bravo\"",
+                                           "AC#11,477,\"Charlie\""}));
+    QCOMPARE(user.available(), (QStringList{"Alpha 477", "Delta 477"}));
+    QCOMPARE(user.label("Tab0Label1"), QString("Available Aircraft: 2"));
+    QCOMPARE(user.label("Tab0Label2"), QString("Existing AI Aircraft in Aircraft_Set.txt: 3"));
+    QCOMPARE(user.ticked(), QStringList());
+    QVERIFY(!user.isEnabled("cmdAddAI"));
+}
+
+void TestAddingAircraft::messageComesBeforeTheListsAreRebuilt()
+{
+    AddingPage user;
+    QByteArray written;
+    qsizetype listed = 0;
+    int current = -1;
+    user.outside.dialogs.whileShown = [&] {
+        written = user.textFileBytes();
+        listed = user.available().size();
+        current = user.find<ListBox>("Tab0List2")->listIndex();
+    };
+    user.add({0});
+    QCOMPARE(written, notInstalled + comment + "AC#10,477,\"Alpha\"\r\n");
+    QCOMPARE(listed, 4);
+    QCOMPARE(current, 3); // the list has stepped through its entries
+}
+
+void TestAddingAircraft::focusGoesToQuit()
+{
+    AddingPage user;
+    const QSignalSpy added(user.window.get(), &AircraftLoaderPage::aircraftAddedForSet);
+    user.add({0});
+    QCOMPARE(user.focus(), QString("cmdQuit"));
+    QCOMPARE(added.count(), 0);
+}
+
+void TestAddingAircraft::setBeingFilledGetsControlBack()
+{
+    AddingPage user;
+    user.services.state.newAircraftSetOpen = true;
+    QStringList availableThen;
+    connect(user.window.get(), &AircraftLoaderPage::aircraftAddedForSet, this,
+            [&] { availableThen = user.available(); });
+    user.add({0});
+    QCOMPARE(availableThen, (QStringList{"Bravo 477", "Charlie 477", "Delta 477"}));
+    QVERIFY(user.focus() != "cmdQuit");
+}
+
+void TestAddingAircraft::flagTellsThatAircraftWereAdded()
+{
+    AddingPage user;
+    QVERIFY(!user.services.state.AddAircraftFlag);
+    user.add({0});
+    QVERIFY(user.services.state.AddAircraftFlag);
+}
+
+void TestAddingAircraft::speedOfFiveFiguresIsWrittenWithTheValuesOfTheEntryBefore()
+{
+    AircraftLoaderDriver user;
+    user.addAircraft("A", {"Airbus"}, "454");
+    user.addAircraft("B", {"Rocket"}, "12345");
+    user.addAircraft("C", {"Cessna"}, "120");
+    user.writeTextFile("");
+    user.start();
+    user.press("optAll");
+    user.press("cmdAddAI");
+    QCOMPARE(user.textFileBytes(), comment + "AC#1,454,\"Airbus\"\r\n"
+                                             "AC#2,454,\"Airbus\"\r\n"
+                                             "AC#3,120,\"Cessna\"\r\n");
+}
+
+void TestAddingAircraft::speedOfFiveFiguresFirstIsWrittenWithEmptyValues()
+{
+    AircraftLoaderDriver user;
+    user.addAircraft("A", {"Airbus"}, "454");
+    user.addAircraft("B", {"Rocket"}, "12345");
+    user.writeTextFile("");
+    user.start();
+    user.tick(1);
+    user.press("cmdAddAI");
+    QCOMPARE(user.textFileBytes(), comment + "AC#1,,\"\"\r\n");
+}
+
+void TestAddingAircraft::fiveFiguresInTheNextPressKnowNothingOfTheLastOne()
+{
+    AircraftLoaderDriver user;
+    user.addAircraft("A", {"Airbus"}, "454");
+    user.addAircraft("B", {"Rocket"}, "12345");
+    user.writeTextFile("");
+    user.start();
+    user.tick(0);
+    user.press("cmdAddAI");
+    user.tick(0);
+    user.press("cmdAddAI");
+    QCOMPARE(user.textFileBytes(),
+             comment + "AC#1,454,\"Airbus\"\r\n" + comment + "AC#2,,\"\"\r\n");
+}
+
+void TestAddingAircraft::speedsOfOneToFourFiguresAreWritten()
+{
+    AircraftLoaderDriver user;
+    user.addAircraft("A", {"One 1"}, "5");
+    user.addAircraft("B", {"Two 2"}, "55");
+    user.addAircraft("C", {"Three 3"}, "555");
+    user.addAircraft("D", {"Four 4"}, "5555");
+    user.writeTextFile("");
+    user.start();
+    user.press("optAll");
+    user.press("cmdAddAI");
+    QCOMPARE(user.textFileBytes(), comment + "AC#1,5,\"One 1\"\r\n"
+                                             "AC#2,55,\"Two 2\"\r\n"
+                                             "AC#3,555,\"Three 3\"\r\n"
+                                             "AC#4,5555,\"Four 4\"\r\n");
+}
+
+void TestAddingAircraft::lastLineWithoutALineEndIsCompletedFirst_data()
+{
+    QTest::addColumn<QByteArray>("before");
+    QTest::addColumn<QByteArray>("completed");
+    const QByteArray line = "AC#9,120,\"Not installed\"";
+    QTest::newRow("no line end") << line << line + "\r\n";
+    QTest::newRow("CR LF") << line + "\r\n" << line + "\r\n";
+    QTest::newRow("LF") << line + "\n" << line + "\n";
+    QTest::newRow("CR") << line + "\r" << line + "\r";
+}
+
+void TestAddingAircraft::lastLineWithoutALineEndIsCompletedFirst()
+{
+    QFETCH(QByteArray, before);
+    QFETCH(QByteArray, completed);
+    AddingPage user(before);
+    user.add({0, 1});
+    QCOMPARE(user.textFileBytes(),
+             completed + comment + "AC#10,477,\"Alpha\"\r\nAC#11,477,\"Bravo\"\r\n");
+    QCOMPARE(user.sandbox.read(backup1), before);
+}
+
+void TestAddingAircraft::existingBytesAreNeverRewritten()
+{
+    QByteArray before = ";odd \x81\x90\xFF bytes\n\r\r\n\t\r\n";
+    before += QByteArrayLiteral("NUL \0 here\r\nAC#9,12,\"Z\"\r\n");
+    AddingPage user(before);
+    user.add({0});
+    QCOMPARE(user.textFileBytes(), before + comment + "AC#10,477,\"Alpha\"\r\n");
+}
+
+void TestAddingAircraft::titleBytesAreWrittenAsTheyAreInTheCfg()
+{
+    const QByteArray accents = "Caf\xE9 \x80 \x81\x8D\x9F \"<b>\" & \xFF, #1";
+    const QByteArray utf8 = "A\xC3\xA9roport";
+    const QByteArray nul = QByteArrayLiteral("Bo\0eing");
+    AircraftLoaderDriver user;
+    user.addAircraft("A", {accents, utf8, nul}, "477");
+    user.writeTextFile("");
+    user.start();
+    user.press("optAll");
+    user.press("cmdAddAI");
+    QCOMPARE(user.textFileBytes(), comment + "AC#1,477,\"" + accents + "\"\r\nAC#2,477,\"" + utf8 +
+                                       "\"\r\nAC#3,477,\"" + nul + "\"\r\n");
+    QCOMPARE(user.available(), QStringList{"All Available Aircraft have been used"});
+}
+
+void TestAddingAircraft::readOnlyFileIsReportedAndLeftAlone()
+{
+    AddingPage user;
+    user.tick(0);
+    const OrdinaryUser rights(user.sandbox);
+    QVERIFY(
+        QFile::setPermissions(user.sandbox.host(AircraftLoaderDriver::textFile), QFile::ReadOwner));
+    user.press("cmdAddAI");
+    QCOMPARE(user.messages(), QStringList{"Critical, Add AI Error: " + appendStep +
+                                          "\rError  75 Path/File access error"});
+    QCOMPARE(user.textFileBytes(), notInstalled);
+    QCOMPARE(user.sandbox.read(backup1), notInstalled);
+    QVERIFY(!user.services.state.AddAircraftFlag);
+}
+
+void TestAddingAircraft::fullDiskIsReported()
+{
+    AddingPage user;
+    const QString host = user.sandbox.host(AircraftLoaderDriver::textFile);
+    QVERIFY(QFile::remove(host));
+    QVERIFY(QFile::link("/dev/full", host));
+    user.add({0});
+    QCOMPARE(user.messages(),
+             QStringList{"Critical, Add AI Error: " + appendStep + "\rError  61 Disk full"});
+    QCOMPARE(user.available().size(), 4);
+}
+
+void TestAddingAircraft::diskThatFillsUpHalfWayKeepsWhatWasAddedBefore()
+{
+    // A megabyte, so that the limit is out of the way of everything else the test writes.
+    const QByteArray before = QByteArray("; an earlier line of the file\r\n").repeated(33'000);
+    const QByteArray first = comment + "AC#1,477,\"Alpha\"\r\n";
+    AddingPage user(before);
+    {
+        const FileSizeLimit limit(before.size() + first.size() + 7); // 7 bytes into the second line
+        user.add({0, 1, 2});
+    }
+    QCOMPARE(user.messages(),
+             QStringList{"Critical, Add AI Error: " + appendStep + "\rError  61 Disk full"});
+    QCOMPARE(user.textFileBytes(), before + first);
+    QCOMPARE(user.sandbox.read(backup1), before);
+}
+
+void TestAddingAircraft::failureLeavesTicksAndFocusForAnotherTry()
+{
+    AddingPage user;
+    user.tick(1);
+    const OrdinaryUser rights(user.sandbox);
+    QVERIFY(
+        QFile::setPermissions(user.sandbox.host(AircraftLoaderDriver::textFile), QFile::ReadOwner));
+    user.press("cmdAddAI");
+    QCOMPARE(user.ticked(), QStringList{"Bravo 477"});
+    QVERIFY(user.isEnabled("cmdAddAI"));
+    QCOMPARE(user.focus(), QString("cmdAddAI"));
+    QCOMPARE(user.existing(), QStringList{"AC#9,120,\"Not installed\""});
+}
+
+void TestAddingAircraft::numberBeyond32767IsReported()
+{
+    AddingPage user("AC#32766,120,\"Not installed\"\r\n");
+    user.add({0, 1});
+    QCOMPARE(user.messages(),
+             QStringList{"Critical, Add AI Error: " + appendStep + "\rError  6 Overflow"});
+    QCOMPARE(user.textFileBytes(),
+             "AC#32766,120,\"Not installed\"\r\n" + comment + "AC#32767,477,\"Alpha\"\r\n");
+}
+
+void TestAddingAircraft::countBeyond32767IsReported()
+{
+    const QByteArray before = QByteArray("AC#1,9,\"None\"\r\n").repeated(32767);
+    AddingPage user(before);
+    user.add({0});
+    QCOMPARE(user.messages(),
+             QStringList{"Critical, Add AI Error: File Copy Backup\rError  6 Overflow"});
+    QCOMPARE(user.textFileBytes(), before);
+}
+
+void TestAddingAircraft::fileDeletedMeanwhileIsReportedAndBegunAnew()
+{
+    AddingPage user;
+    QVERIFY(QFile::remove(user.sandbox.host(AircraftLoaderDriver::textFile)));
+    user.add({0});
+    QCOMPARE(user.messages(), (QStringList{"Exclamation, Backup Error: Error  53 File not found"
+                                           "\rOpen C:\\TTools\\Aircraft_Set.txt",
+                                           allDone}));
+    QCOMPARE(user.textFileBytes(), comment + "AC#10,477,\"Alpha\"\r\n");
+    QCOMPARE(user.existing(), QStringList{"AC#10,477,\"Alpha\""});
+}
+
+void TestAddingAircraft::folderDeletedMeanwhileIsReported()
+{
+    AddingPage user;
+    QVERIFY(QDir(user.sandbox.host("C:\\TTools")).removeRecursively());
+    user.add({0});
+    QCOMPARE(user.messages(),
+             (QStringList{"Exclamation, Backup Error: Error  76 Path not found"
+                          "\rOpen C:\\TTools\\Aircraft_Set.txt",
+                          "Critical, Add AI Error: " + appendStep + "\rError  76 Path not found"}));
+}
+
+void TestAddingAircraft::backupThatFailsIsReportedAndTheAircraftAreAdded()
+{
+    AddingPage user;
+    user.sandbox.makeFolder(backup1);
+    user.add({0});
+    QCOMPARE(user.messages(),
+             (QStringList{"Exclamation, Backup Error: Error  75 Path/File access error"
+                          "\rOpen C:\\TTools\\Aircraft_Set.txt.Backup1",
+                          allDone}));
+    QCOMPARE(user.textFileBytes(), notInstalled + comment + "AC#10,477,\"Alpha\"\r\n");
+}
+
+void TestAddingAircraft::failureIsTraced()
+{
+    AddingPage user("AC#32767,120,\"Not installed\"\r\n");
+    user.services.state.TraceOn = true;
+    user.add({0});
+    QCOMPARE(user.sandbox.read("C:\\Morlen\\TraceLog.txt"),
+             QByteArray("14:03:27 - Error  6 Overflow - File Copy Backup\r\n"));
+}
+
+QTEST_MAIN(TestAddingAircraft)
+#include "test_adding_aircraft.moc"
