@@ -2,7 +2,6 @@
 #include "aircraft_loader/aircraft_cfg.h"
 
 #include "platform/basic_text.h"
-#include "platform/runtime_error.h"
 
 #include <QStringBuilder>
 
@@ -32,24 +31,19 @@ QString valueIn(QByteArrayView line)
 
 } // namespace
 
-void AircraftCfg::CheckFile(const QString &CfgFileName,
-                            const std::function<const QByteArray &()> &readFile, QString &ErrMsg)
+AircraftCfgContent AircraftCfgContent::parse(const QByteArray &bytes)
 {
-    Speed.clear();
-    AircraftTitles.clear();
-    if (basic::lower(CfgFileName).contains(QLatin1String("csl"))) {
-        return; // models for online flying: no traffic, and HaveData is not theirs to change
+    AircraftCfgContent content;
+    content.empty = bytes.isEmpty();
+    try {
+        content.read(bytes);
+    } catch (const RuntimeError &error) {
+        content.failure = error;
     }
-    ErrMsg = u"Opening " % CfgFileName;
-    const QByteArray &bytes = readFile();
-    if (bytes.isEmpty()) {
-        return;
-    }
-    ErrMsg = u"Get Aircraft Data in\r" % CfgFileName;
-    parse(bytes);
+    return content;
 }
 
-void AircraftCfg::parse(const QByteArray &bytes)
+void AircraftCfgContent::read(const QByteArray &bytes)
 {
     basic::LineReader reader(bytes);
     while (!reader.atEnd()) {
@@ -57,18 +51,39 @@ void AircraftCfg::parse(const QByteArray &bytes)
         if (beginsWith(line, "[fltsim.")) {
             // The title is expected right below its header, whatever the key there is called.
             line = reader.next();
-            if (AircraftTitles.size() == mostTitles) {
+            if (titles.size() == mostTitles) {
                 throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
             }
-            AircraftTitles += valueIn(line);
+            titles += valueIn(line);
         }
         if (beginsWith(line, "cruise_speed")) {
-            Speed = aircraft_cfg::speedIn(basic::decodeCodePage(line));
-            HaveData = true;
+            speed = aircraft_cfg::speedIn(basic::decodeCodePage(line));
+            complete = true;
             return;
         }
     }
-    HaveData = false;
+}
+
+void AircraftCfg::CheckFile(const QString &CfgFileName,
+                            const std::function<AircraftCfgContent()> &readFile, QString &ErrMsg)
+{
+    Speed.clear();
+    AircraftTitles.clear();
+    if (basic::lower(CfgFileName).contains(QLatin1String("csl"))) {
+        return; // models for online flying: no traffic, and HaveData is not theirs to change
+    }
+    ErrMsg = u"Opening " % CfgFileName;
+    const AircraftCfgContent content = readFile();
+    if (content.empty) {
+        return;
+    }
+    ErrMsg = u"Get Aircraft Data in\r" % CfgFileName;
+    AircraftTitles = content.titles;
+    if (content.failure) {
+        throw RuntimeError(*content.failure);
+    }
+    Speed = content.speed;
+    HaveData = content.complete;
 }
 
 namespace aircraft_cfg

@@ -3,11 +3,14 @@
 // number; every write is checked, the flush and close included.
 #pragma once
 
+#include "platform/runtime_error.h"
+
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
 
 #include <memory>
+#include <optional>
 
 namespace files
 {
@@ -56,7 +59,14 @@ QStringList subFolders(const QString &path);
 /// blind to case. Throws as subFolders.
 QStringList filesMatching(const QString &path, const QString &pattern);
 
-/// Reads the same file out of many sub-folders of one folder, as fast as the system can.
+/// A file found in a folder.
+struct FoundFile {
+    QString name; ///< on disk, empty when there is none
+    QByteArray content;
+    std::optional<RuntimeError> failure; ///< why the content could not be read
+};
+
+/// Reads files out of the sub-folders of one folder, as fast as the system can.
 class SubFolderReader
 {
 public:
@@ -66,14 +76,10 @@ public:
     SubFolderReader(const SubFolderReader &) = delete;
     SubFolderReader &operator=(const SubFolderReader &) = delete;
 
-    /// The name on disk of the file of this name (blind to case) in a sub-folder; empty when there
-    /// is none. Throws Path not found (76) or Path/File access error (75) for the sub-folder
-    /// itself.
-    QString find(const QString &subFolder, const QString &name);
-
-    /// The content of the file that find() found last, once; valid until the next call.
-    /// Throws as readAll.
-    const QByteArray &read();
+    /// Finds the file of this name, blind to case, in a sub-folder and reads it into `found`, whose
+    /// memory is used again. Several threads may call it at once. Throws Path not found (76) or
+    /// Path/File access error (75) for the sub-folder itself.
+    void read(const QString &subFolder, const QString &name, FoundFile &found) const;
 
 private:
     struct Private;

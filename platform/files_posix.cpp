@@ -383,23 +383,45 @@ QStringList filesMatching(const QString &path, const QString &pattern)
     return names;
 }
 
+namespace
+{
+
+/// Reads a file into the memory that is there already; one call reads nearly every file whole.
+/// Returns whether that worked.
+bool readInto(FoundFile &found, int parent, const QByteArray &nameOnDisk)
+{
+    constexpr qsizetype usualSize = 65536; // bytes
+    found.failure.reset();
+    found.content.resize(usualSize);
+    const Handle file(::openat(parent, nameOnDisk.constData(), O_RDONLY | O_CLOEXEC));
+    try {
+        if (file.get() < 0) {
+            throwErrno(errno, ErrorNumber::FileNotFound);
+        }
+        readRest(file.get(), 0, found.content);
+    } catch (const RuntimeError &error) {
+        found.failure = error;
+    }
+    return !found.failure;
+}
+
+QByteArray nameBlindToCase(int folder, const QString &name)
+{
+    QByteArray onDisk;
+    forEachEntry(::dup(folder), [&](const dirent &entry, int parent) {
+        if (onDisk.isEmpty() && !isFolderEntry(entry, parent) &&
+            QFile::decodeName(entry.d_name).compare(name, Qt::CaseInsensitive) == 0) {
+            onDisk = entry.d_name;
+        }
+    });
+    return onDisk;
+}
+
+} // namespace
+
 struct SubFolderReader::Private {
     QString path;
     Handle folder;
-    Handle file;        ///< what find() found, open
-    int error = 0;      ///< why it could not be opened or read
-    QByteArray content; ///< its beginning
-    qsizetype filled = 0;
-
-    /// Opens a file and reads what one call gives, which is all of nearly every aircraft.cfg.
-    void openFile(int parent, const QByteArray &name)
-    {
-        constexpr qsizetype firstRead = 65536; // bytes
-        content.resize(firstRead);
-        file.reset(::openat(parent, name.constData(), O_RDONLY | O_CLOEXEC));
-        filled = file.get() < 0 ? -1 : ::read(file.get(), content.data(), firstRead);
-        error = filled < 0 ? errno : 0;
-    }
 
     int openSubFolder(const QString &name) const
     {
@@ -419,43 +441,22 @@ SubFolderReader::SubFolderReader(const QString &folder) : d(std::make_unique<Pri
 
 SubFolderReader::~SubFolderReader() = default;
 
-QString SubFolderReader::find(const QString &subFolder, const QString &name)
+void SubFolderReader::read(const QString &subFolder, const QString &name, FoundFile &found) const
 {
     // Nearly always the name is spelled as expected: then one call both finds and opens it.
-    d->openFile(d->folder.get(), QFile::encodeName(subFolder + '/' + name));
-    if (d->error == 0) {
-        return name;
+    if (readInto(found, d->folder.get(), QFile::encodeName(subFolder + '/' + name))) {
+        found.name = name;
+        return;
     }
-    Handle parent(d->openSubFolder(subFolder));
+    const Handle parent(d->openSubFolder(subFolder));
     if (parent.get() < 0) {
         throwErrno(errno, ErrorNumber::PathNotFound);
     }
-    QByteArray onDisk;
-    forEachEntry(::dup(parent.get()), [&](const dirent &entry, int folder) {
-        if (onDisk.isEmpty() && !isFolderEntry(entry, folder) &&
-            QFile::decodeName(entry.d_name).compare(name, Qt::CaseInsensitive) == 0) {
-            onDisk = entry.d_name;
-        }
-    });
+    const QByteArray onDisk = nameBlindToCase(parent.get(), name);
+    found.name = QFile::decodeName(onDisk);
     if (!onDisk.isEmpty()) {
-        d->openFile(parent.get(), onDisk);
+        readInto(found, parent.get(), onDisk);
     }
-    return QFile::decodeName(onDisk);
-}
-
-const QByteArray &SubFolderReader::read()
-{
-    if (d->error != 0) {
-        throwErrno(d->error, ErrorNumber::FileNotFound);
-    }
-    if (d->filled < d->content.size()) {
-        d->content.resize(d->filled); // the file ended before the buffer did
-    } else {
-        d->content.resize(2 * d->filled);
-        readRest(d->file.get(), d->filled, d->content);
-    }
-    d->file.reset(-1);
-    return d->content;
 }
 
 } // namespace files

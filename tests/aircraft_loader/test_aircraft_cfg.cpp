@@ -11,13 +11,19 @@ namespace
 
 const QString anyPath = QStringLiteral("C:\\FS9\\Aircraft\\B734\\aircraft.cfg");
 
+/// Reads one more file.
+void readNext(AircraftCfg &cfg, const QByteArray &bytes, const QString &path = anyPath)
+{
+    QString step;
+    cfg.CheckFile(
+        path, [&] { return AircraftCfgContent::parse(bytes); }, step);
+}
+
 /// An aircraft.cfg as a whole, read after nothing else.
 AircraftCfg read(const QByteArray &bytes)
 {
     AircraftCfg cfg;
-    QString step;
-    cfg.CheckFile(
-        anyPath, [&]() -> const QByteArray & { return bytes; }, step);
+    readNext(cfg, bytes);
     return cfg;
 }
 
@@ -289,9 +295,9 @@ void TestAircraftCfg::pathWithCslInAnyCaseIsNotEvenOpened()
     bool opened = false;
     cfg.CheckFile(
         path,
-        [&]() -> const QByteArray & {
+        [&] {
             opened = true;
-            return usualFile;
+            return AircraftCfgContent::parse(usualFile);
         },
         step);
     QVERIFY(!opened);
@@ -302,27 +308,21 @@ void TestAircraftCfg::pathWithCslInAnyCaseIsNotEvenOpened()
 
 void TestAircraftCfg::emptyFileLeavesHaveDataAsItWas()
 {
-    const QByteArray empty;
-    QString step;
     AircraftCfg cfg = read(usualFile);
-    cfg.CheckFile(
-        anyPath, [&]() -> const QByteArray & { return empty; }, step);
+    readNext(cfg, {});
     QVERIFY(cfg.HaveData);
     QCOMPARE(cfg.AircraftTitles, QStringList());
     QCOMPARE(cfg.Speed, QString());
 
     cfg = read("[General]\r\n");
-    cfg.CheckFile(
-        anyPath, [&]() -> const QByteArray & { return empty; }, step);
+    readNext(cfg, {});
     QVERIFY(!cfg.HaveData);
 }
 
 void TestAircraftCfg::cslFileLeavesHaveDataAsItWas()
 {
-    QString step;
     AircraftCfg cfg = read(usualFile);
-    cfg.CheckFile(
-        "C:\\Aircraft\\CSL\\aircraft.cfg", []() -> const QByteArray & { return usualFile; }, step);
+    readNext(cfg, usualFile, "C:\\Aircraft\\CSL\\aircraft.cfg");
     QVERIFY(cfg.HaveData);
     QCOMPARE(cfg.AircraftTitles, QStringList());
     QCOMPARE(cfg.Speed, QString());
@@ -330,21 +330,15 @@ void TestAircraftCfg::cslFileLeavesHaveDataAsItWas()
 
 void TestAircraftCfg::fileWithOnlyAMarkIsNotEmpty()
 {
-    const QByteArray mark = "\xEF\xBB\xBF";
-    QString step;
     AircraftCfg cfg = read(usualFile);
-    cfg.CheckFile(
-        anyPath, [&]() -> const QByteArray & { return mark; }, step);
+    readNext(cfg, "\xEF\xBB\xBF");
     QVERIFY(!cfg.HaveData);
 }
 
 void TestAircraftCfg::everyFileStartsWithoutTitlesAndSpeed()
 {
-    const QByteArray second = "[fltsim.0]\r\ntitle=Airbus\r\n";
-    QString step;
     AircraftCfg cfg = read(usualFile);
-    cfg.CheckFile(
-        anyPath, [&]() -> const QByteArray & { return second; }, step);
+    readNext(cfg, "[fltsim.0]\r\ntitle=Airbus\r\n");
     QCOMPARE(cfg.AircraftTitles, QStringList{"Airbus"});
     QCOMPARE(cfg.Speed, QString());
     QVERIFY(!cfg.HaveData);
@@ -357,9 +351,9 @@ void TestAircraftCfg::stepsAreNamedForTheErrorReport()
     QString stepWhileOpening;
     cfg.CheckFile(
         anyPath,
-        [&]() -> const QByteArray & {
+        [&] {
             stepWhileOpening = step;
-            return usualFile;
+            return AircraftCfgContent::parse(usualFile);
         },
         step);
     QCOMPARE(stepWhileOpening, QString("Opening C:\\FS9\\Aircraft\\B734\\aircraft.cfg"));
@@ -373,7 +367,7 @@ void TestAircraftCfg::fileThatCannotBeReadKeepsTheOpeningStep()
     QCOMPARE(failureOf([&] {
                  cfg.CheckFile(
                      anyPath,
-                     []() -> const QByteArray & { throw RuntimeError(ErrorNumber::FileNotFound); },
+                     []() -> AircraftCfgContent { throw RuntimeError(ErrorNumber::FileNotFound); },
                      step);
              }),
              QString("53 File not found"));

@@ -534,19 +534,21 @@ void TestAircraftLoaderPage::folderThatMayNotBeReadIsReportedAndTheListsStayAsFi
 void TestAircraftLoaderPage::folderThatDisappearsDuringTheWalkIsReported()
 {
     AircraftLoaderDriver user;
-    user.writeCfg("A", "[fltsim.0]"); // while its message is shown, the next folder goes
-    user.addAircraft("B", {"Boeing"}, "477");
+    user.writeCfg("A", "[fltsim.0]"); // while its message is shown, a folder far below goes
+    for (int i = 100; i < 200; ++i) {
+        user.addAircraft("B" + QString::number(i), {}, "477");
+    }
     user.addAircraft("C", {"Cessna"}, "120");
     user.writeTextFile(anyTextFile);
     user.outside.dialogs.whileShown = [&] {
-        QDir(user.sandbox.host(AircraftLoaderDriver::aircraftDir + "\\B")).removeRecursively();
+        QDir(user.sandbox.host(AircraftLoaderDriver::aircraftDir + "\\C")).removeRecursively();
     };
     user.start();
     QCOMPARE(user.messages(),
              (QStringList{"Exclamation, Cfg File Error: Error  62 Input past end of file"
                           "\rGet Aircraft Data in\rC:\\FS9\\Aircraft\\A\\aircraft.cfg",
                           "Exclamation, LoadList Error: Error  76 Path not found"
-                          "\rSet path to C:\\FS9\\Aircraft\\B"}));
+                          "\rSet path to C:\\FS9\\Aircraft\\C"}));
     QCOMPARE(user.available(), QStringList());
 }
 

@@ -462,7 +462,7 @@ void TestAvailableAircraft::folderThatDisappearsDuringTheWalkEndsIt()
     walk.addAircraft("A", {"Airbus"}, "454");
     walk.addAircraft("B", {"Boeing"}, "477");
     walk.beforeFolder = [&](int index) {
-        if (index == 1) {
+        if (index == 0) {
             QVERIFY(QDir(walk.host("B")).removeRecursively());
         }
     };
@@ -478,7 +478,7 @@ void TestAvailableAircraft::fileThatDisappearsDuringTheWalkIsPassedOver()
     walk.addAircraft("B", {"Boeing"}, "477");
     walk.addAircraft("C", {"Cessna"}, "120");
     walk.beforeFolder = [&](int index) {
-        if (index == 1) {
+        if (index == 0) {
             QVERIFY(QFile::remove(walk.host("B/aircraft.cfg")));
         }
     };

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+// The program as main() starts it, ended once the filled list has been painted.
+#include "app/frm_morlen_editor.h"
+#include "benchmarks/paint_and_quit.h"
+#include "platform/system_dialogs.h"
+
+#include <QAbstractScrollArea>
+
+int main(int argc, char *argv[])
+{
+    const QApplication application(argc, argv);
+    const std::unique_ptr<Registry> registry = systemRegistry();
+    const SystemClock clock;
+    SystemProcesses processes;
+    SystemDialogs dialogs;
+    frmMorlenEditor window({*registry, processes, dialogs, clock});
+    dialogs.setParent(&window);
+    const PaintAndQuit end(window.findChild<QAbstractScrollArea *>("Tab0List2")->viewport());
+    window.Form_Load();
+    return QApplication::exec();
+}

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+// A simulator of the size a collector has, made for measuring.
+#pragma once
+
+#include "tests/support/sandbox.h"
+
+#include <QStringList>
+
+namespace benchmark_tree
+{
+
+inline const QString aircraftDir = QStringLiteral("C:\\FS9\\Aircraft");
+inline const QString textFile = QStringLiteral("C:\\TTools\\Aircraft_Bench.txt");
+
+/// 5,000 aircraft folders with 20,000 titles, in aircraft.cfg files of 6 to 12 KB whose
+/// cruise_speed stands about two thirds down, and a text file that holds 5,000 of the titles. The
+/// same tree every time.
+void make(const Sandbox &sandbox);
+
+/// Opens, reads whole and closes the aircraft.cfg of every folder and the text file. Returns the
+/// bytes.
+qint64 bareWalk(const Sandbox &sandbox);
+
+/// The titles of the tree with their speeds, as the available list shows them.
+QStringList availableEntries();
+
+/// The aircraft lines of the text file.
+QStringList existingLines();
+
+} // namespace benchmark_tree
