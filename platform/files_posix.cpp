@@ -294,11 +294,13 @@ void writeAll(const QString &path, const QByteArray &bytes)
 {
     const QByteArray host = hostName(path);
     // Opening for writing first refuses what a rename would silently replace: a read-only file.
-    Handle(openOrThrow(host, O_WRONLY | O_CREAT)).close();
+    if (exists(path)) {
+        Handle(openOrThrow(host, O_WRONLY)).close();
+    }
     QSaveFile file(QFile::decodeName(host));
     if (!file.open(QIODevice::WriteOnly)) {
         // The folder takes no new files, but the file itself may be written.
-        Handle direct(openOrThrow(host, O_WRONLY | O_TRUNC));
+        Handle direct(openOrThrow(host, O_WRONLY | O_CREAT | O_TRUNC));
         const WriteResult result = writeBytes(direct.get(), bytes);
         if (result.error != 0) {
             throwErrno(result.error, ErrorNumber::FileNotFound);
@@ -306,7 +308,8 @@ void writeAll(const QString &path, const QByteArray &bytes)
         direct.close();
         return;
     }
-    if (file.write(bytes) != bytes.size() || !file.commit()) {
+    // The flush is asked for itself: what fails within the commit is not reported by every Qt.
+    if (file.write(bytes) != bytes.size() || !file.flush() || !file.commit()) {
         throwErrno(file.error() == QFileDevice::ResourceError ? ENOSPC : errno,
                    ErrorNumber::DeviceIoError);
     }

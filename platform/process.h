@@ -34,7 +34,7 @@ public:
     virtual std::unique_ptr<Process> start(const QString &commandLine, int windowStyle) = 0;
 
     /// Opens a document (Windows path) with the program it belongs to, as a double-click would.
-    /// Throws RuntimeError: File not found (53).
+    /// Throws RuntimeError: File not found (53), for the document or for a program to open it with.
     virtual void openDocument(const QString &path) = 0;
 };
 

@@ -24,11 +24,34 @@ extern char **environ; // NOLINT(readability-redundant-declaration): not every s
 namespace
 {
 
+/// Children that nobody watches any more.
+std::vector<pid_t> &leftBehind()
+{
+    static std::vector<pid_t> ids;
+    return ids;
+}
+
+/// Asks the children left behind how they ended, which is what lets the system forget them.
+void buryLeftBehind()
+{
+    std::erase_if(leftBehind(), [](pid_t id) { return ::waitpid(id, nullptr, WNOHANG) != 0; });
+}
+
 /// A child of ours. It outlives this object.
 class ChildProcess : public Process
 {
 public:
     explicit ChildProcess(pid_t id) : m_id(id) {}
+
+    ~ChildProcess() override
+    {
+        if (!m_exitCode) {
+            leftBehind().push_back(m_id);
+        }
+    }
+
+    ChildProcess(const ChildProcess &) = delete;
+    ChildProcess &operator=(const ChildProcess &) = delete;
 
     int exitCode() override
     {
@@ -149,6 +172,7 @@ HostCommand resolveCommand(const QString &commandLine)
 
 std::unique_ptr<Process> SystemProcesses::start(const QString &commandLine, int /*windowStyle*/)
 {
+    buryLeftBehind();
     const HostCommand command = resolveCommand(commandLine);
     std::vector<QByteArray> words{QFile::encodeName(command.program)};
     for (const QString &argument : command.arguments) {
@@ -173,8 +197,7 @@ std::unique_ptr<Process> SystemProcesses::start(const QString &commandLine, int 
 void SystemProcesses::openDocument(const QString &path)
 {
     const QString host = paths::toHost(path);
-    if (!QFileInfo::exists(host)) {
+    if (!QFileInfo::exists(host) || !QDesktopServices::openUrl(QUrl::fromLocalFile(host))) {
         throw RuntimeError(ErrorNumber::FileNotFound);
     }
-    QDesktopServices::openUrl(QUrl::fromLocalFile(host));
 }

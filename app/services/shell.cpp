@@ -29,12 +29,12 @@ void processEventsForAWhile()
 /// circles.
 QString findInTree(const QString &folder, const QString &name, QSet<QString> &visited)
 {
-    const QString real = QFileInfo(paths::toHost(folder)).canonicalFilePath();
-    if (visited.contains(real)) {
-        return {};
-    }
-    visited.insert(real);
     try {
+        const QString real = QFileInfo(paths::toHost(folder)).canonicalFilePath();
+        if (visited.contains(real)) {
+            return {};
+        }
+        visited.insert(real);
         const QString candidate = paths::join(folder, name);
         if (files::exists(candidate) && !files::isFolder(candidate)) {
             return candidate;

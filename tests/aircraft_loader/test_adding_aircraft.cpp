@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
 // Adding the ticked aircraft to the aircraft text file.
 #include "tests/support/aircraft_loader_driver.h"
+#include "tests/support/file_size_limit.h"
 
 #include <QDir>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QtTest>
-
-#include <sys/resource.h>
 
 namespace
 {
@@ -36,26 +35,6 @@ struct AddingPage : AircraftLoaderDriver {
         }
         press("cmdAddAI");
     }
-};
-
-/// Lets no file grow beyond a size, as a full disk would.
-class FileSizeLimit
-{
-public:
-    explicit FileSizeLimit(qint64 bytes)
-    {
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit limit = {static_cast<rlim_t>(bytes), m_before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-
-    ~FileSizeLimit() { setrlimit(RLIMIT_FSIZE, &m_before); }
-
-    FileSizeLimit(const FileSizeLimit &) = delete;
-    FileSizeLimit &operator=(const FileSizeLimit &) = delete;
-
-private:
-    rlimit m_before = {};
 };
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "platform/dir_list_box.h"
 #include "platform/link_label.h"
 #include "platform/list_box.h"
+#include "tests/support/file_size_limit.h"
 #include "tests/support/program.h"
 
 #include <QAction>
@@ -54,6 +55,9 @@ private Q_SLOTS:
     void settingsAreSixLines();
     void quittingIsLoggedInOrder();
     void settingsThatCannotBeWrittenAreReportedAndTheProgramGoesOn();
+    void readOnlySettingsAreReportedAndKept();
+    void fullDiskIsReportedAndKeepsTheOldSettings();
+    void traceLogThatCannotBeWrittenIsReported();
     void nextStartComesBackToTheSamePlace();
     void labelTurnsBoldUnderTheMouseUntilTheFormIsReached();
     void helpLinksOpenTheirPages_data();
@@ -319,6 +323,55 @@ void TestMainWindow::settingsThatCannotBeWrittenAreReportedAndTheProgramGoesOn()
     QCOMPARE(program.outside.dialogs.boxes[1].prompt,
              QString("Error  75 Path/File access error\rOpen C:\\Morlen\\\\MorlenE.ini"));
     QVERIFY(program.window->isVisible());
+}
+
+void TestMainWindow::readOnlySettingsAreReportedAndKept()
+{
+    Program program;
+    program.rememberUsualRun("3");
+    program.start();
+    const QByteArray before = program.sandbox.read(Program::settingsFile);
+    const OrdinaryUser user(program.sandbox);
+    QVERIFY(QFile::setPermissions(program.sandbox.host(Program::settingsFile), QFile::ReadOwner));
+    program.outside.dialogs.answers = {Answer::Yes};
+    program.find<QPushButton>("cmdQuit")->click();
+    QCOMPARE(program.outside.dialogs.boxes.size(), 2);
+    QCOMPARE(program.outside.dialogs.boxes[1].prompt,
+             QString("Error  75 Path/File access error\rOpen C:\\Morlen\\\\MorlenE.ini"));
+    QCOMPARE(program.sandbox.read(Program::settingsFile), before);
+    QVERIFY(program.window->isVisible());
+}
+
+void TestMainWindow::fullDiskIsReportedAndKeepsTheOldSettings()
+{
+    Program program;
+    program.rememberUsualRun("3");
+    program.start();
+    const QByteArray before = program.sandbox.read(Program::settingsFile);
+    program.outside.dialogs.answers = {Answer::Yes};
+    {
+        const FileSizeLimit limit(20); // within the second line
+        program.find<QPushButton>("cmdQuit")->click();
+    }
+    QCOMPARE(program.outside.dialogs.boxes.size(), 2);
+    QCOMPARE(program.outside.dialogs.boxes[1].title, QString("Save Setting Error"));
+    QCOMPARE(program.outside.dialogs.boxes[1].prompt,
+             QString("Error  61 Disk full\rOpen C:\\Morlen\\\\MorlenE.ini"));
+    QCOMPARE(program.sandbox.read(Program::settingsFile), before);
+    QVERIFY(program.window->isVisible());
+}
+
+void TestMainWindow::traceLogThatCannotBeWrittenIsReported()
+{
+    Program program;
+    program.start();
+    program.sandbox.makeFolder(Program::logFile);
+    program.find<QAction>("mnuTrace")->trigger();
+    QCOMPARE(program.outside.dialogs.boxes.size(), 1);
+    QCOMPARE(program.outside.dialogs.boxes[0].title, QString("Trace Log Error"));
+    QCOMPARE(program.outside.dialogs.boxes[0].prompt,
+             QString("Error  75 Path/File access error\rOpening C:\\Morlen\\\\TraceLog.txt"));
+    QCOMPARE(program.find<QAction>("mnuTrace")->isChecked(), program.window->state().TraceOn);
 }
 
 void TestMainWindow::nextStartComesBackToTheSamePlace()

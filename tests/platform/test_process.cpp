@@ -1,0 +1,564 @@
+// SPDX-License-Identifier: MIT
+// Real child processes: what they get, what they leave, and which program a command line means.
+#include "platform/process_posix.h"
+
+#include "app/services/services.h"
+#include "platform/paths.h"
+#include "tests/support/failure.h"
+#include "tests/support/fakes.h"
+#include "tests/support/sandbox.h"
+
+#include <QDesktopServices>
+#include <QDir>
+#include <QFileInfo>
+#include <QTimer>
+#include <QtTest>
+#include <QUrl>
+
+#include <cerrno>
+#include <csignal>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace
+{
+
+const QByteArray anyProgram = "#!/bin/sh\n";
+const QString out = QStringLiteral("C:\\Bin\\out");
+
+/// Programs of a sandbox, the only ones on the PATH.
+class Programs
+{
+public:
+    Programs() : m_oldPath(qgetenv("PATH"))
+    {
+        sandbox.makeFolder("C:\\Path");
+        sandbox.makeFolder("C:\\Bin");
+        qputenv("PATH", QFile::encodeName(sandbox.host("C:\\Path")));
+        qputenv("OUT", QFile::encodeName(sandbox.host(out)));
+    }
+
+    ~Programs()
+    {
+        qputenv("PATH", m_oldPath);
+        qunsetenv("OUT");
+    }
+
+    Programs(const Programs &) = delete;
+    Programs &operator=(const Programs &) = delete;
+
+    /// Makes an executable file; without "#!" it is no shell script.
+    void add(const QString &path, const QByteArray &content = anyProgram) const
+    {
+        sandbox.write(path, content);
+        QFile::setPermissions(sandbox.host(path),
+                              QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    }
+
+    /// Makes a shell script.
+    void addScript(const QString &path, const QByteArray &lines) const
+    {
+        add(path, anyProgram + lines + '\n');
+    }
+
+    /// What a command line means: the program and its arguments, the sandbox's paths on the host
+    /// shortened to "c:/...".
+    QStringList resolved(const QString &commandLine) const
+    {
+        const HostCommand command = resolveCommand(commandLine);
+        QStringList words = QStringList(command.program) + command.arguments;
+        for (QString &word : words) {
+            const QString host = QFileInfo(word).absoluteFilePath();
+            for (const QString &drive :
+                 {sandbox.prefix() + "/drive_c/", sandbox.prefix() + "/dosdevices/c:/"}) {
+                if (QDir::isAbsolutePath(word) && host.startsWith(drive)) {
+                    word = "c:/" + host.sliced(drive.size());
+                }
+            }
+        }
+        return words;
+    }
+
+    Sandbox sandbox;
+    SystemProcesses processes;
+
+private:
+    QByteArray m_oldPath;
+};
+
+/// A pipe with a name: a child reads from it until the test lets it go on.
+class Gate
+{
+public:
+    explicit Gate(const QString &hostFile) : m_name(QFile::encodeName(hostFile))
+    {
+        ::mkfifo(m_name.constData(), 0600);
+        m_descriptor = ::open(m_name.constData(), O_RDWR | O_CLOEXEC);
+    }
+
+    ~Gate() { ::close(m_descriptor); }
+
+    Gate(const Gate &) = delete;
+    Gate &operator=(const Gate &) = delete;
+
+    /// The shell command that waits.
+    QByteArray wait() const { return "read go < '" + m_name + "'\n"; }
+
+    bool open() const { return ::write(m_descriptor, "go\n", 3) == 3; }
+
+private:
+    QByteArray m_name;
+    int m_descriptor;
+};
+
+/// Whether this process has a child, running or waiting to be buried.
+bool hasChild()
+{
+    siginfo_t info = {};
+    return ::waitid(P_ALL, 0, &info, WEXITED | WNOHANG | WNOWAIT) == 0 || errno != ECHILD;
+}
+
+/// Whether a child has ended and nobody has asked how.
+bool hasZombie()
+{
+    siginfo_t info = {};
+    return ::waitid(P_ALL, 0, &info, WEXITED | WNOHANG | WNOWAIT) == 0 && info.si_pid != 0;
+}
+
+/// The shell with real programs; time, boxes and the registry are faked.
+struct RealShell {
+    explicit RealShell(Programs &programs)
+        : services(Outside{fakes.registry, programs.processes, fakes.dialogs, fakes.clock})
+    {
+        services.state.MorlenEDir = "C:\\Morlen\\";
+    }
+
+    FakeOutside fakes;
+    Services services;
+};
+
+} // namespace
+
+class TestProcess : public QObject
+{
+    Q_OBJECT
+
+public Q_SLOTS:
+
+    void takeUrl(const QUrl &url) { m_opened += url; }
+
+private Q_SLOTS:
+    void cleanup();
+    void exitCodeIsTheChilds_data();
+    void exitCodeIsTheChilds();
+    void exitCodeIs259WhileTheChildRuns();
+    void restOfTheLineIsOneArgument_data();
+    void restOfTheLineIsOneArgument();
+    void windowsPathReachesANativeProgramAsTheHosts();
+    void programPathMayHoldBlanks_data();
+    void programPathMayHoldBlanks();
+    void shortestLeadingPartThatIsAProgramIsTaken();
+    void childRunsInTheCurrentDirectory();
+    void missingProgramFails_data();
+    void missingProgramFails();
+    void fileThatCannotBeRunFails_data();
+    void fileThatCannotBeRunFails();
+    void programIsLookedForInSystemFoldersThenOnThePath();
+    void currentDirectoryIsNotSearched();
+    void windowsProgramRunsWithWine();
+    void windowsProgramWithoutWineFails();
+    void notepadOfTheSystemIsTaken();
+    void editorStandsInForNotepad_data();
+    void editorStandsInForNotepad();
+    void noNotepadAndNoEditorFails();
+    void finishedChildLeavesNoZombie();
+    void droppedChildRunsOn();
+    void droppedChildIsBuriedAtTheNextStart();
+    void waitEndsWithTheChild();
+    void childThatFailsKeepsTheWaitGoingUntilTheTimeOut();
+    void quittingWhileAChildRunsEndsTheWaitAndLeavesTheChild();
+    void missingProgramIsReportedByTheWait();
+    void documentIsOpenedAsAFile();
+    void missingDocumentFails_data();
+    void missingDocumentFails();
+    void documentThatNothingOpensFails();
+
+private:
+    QList<QUrl> m_opened;
+};
+
+void TestProcess::cleanup()
+{
+    QDesktopServices::unsetUrlHandler("file");
+    m_opened.clear();
+}
+
+void TestProcess::exitCodeIsTheChilds_data()
+{
+    QTest::addColumn<QByteArray>("lines");
+    QTest::addColumn<int>("code");
+    QTest::newRow("0") << QByteArray("exit 0") << 0;
+    QTest::newRow("1") << QByteArray("exit 1") << 1;
+    QTest::newRow("255") << QByteArray("exit 255") << 255;
+    QTest::newRow("killed") << QByteArray("kill -9 $$") << 137;
+}
+
+void TestProcess::exitCodeIsTheChilds()
+{
+    QFETCH(QByteArray, lines);
+    QFETCH(int, code);
+    Programs programs;
+    programs.addScript("C:\\Bin\\tool", lines);
+    const auto child = programs.processes.start("C:\\Bin\\tool", 1);
+    QTRY_VERIFY(child->exitCode() != Process::stillActive);
+    QCOMPARE(child->exitCode(), code);
+    QCOMPARE(child->exitCode(), code); // asked again, it is the same
+}
+
+void TestProcess::exitCodeIs259WhileTheChildRuns()
+{
+    Programs programs;
+    const Gate gate(programs.sandbox.host("C:\\Bin\\gate"));
+    programs.addScript("C:\\Bin\\tool", gate.wait() + "exit 4");
+    const auto child = programs.processes.start("C:\\Bin\\tool", 1);
+    QCOMPARE(child->exitCode(), 259);
+    QCOMPARE(child->exitCode(), 259);
+    QVERIFY(gate.open());
+    QTRY_COMPARE(child->exitCode(), 4);
+}
+
+void TestProcess::restOfTheLineIsOneArgument_data()
+{
+    QTest::addColumn<QString>("rest");
+    QTest::addColumn<QByteArray>("arguments");
+    QTest::newRow("none") << "" << QByteArray("0|");
+    QTest::newRow("blanks only") << "   " << QByteArray("0|");
+    QTest::newRow("blanks") << " my  aircraft set.txt " << QByteArray("1|my  aircraft set.txt|");
+    QTest::newRow("quotes") << " \"a\" 'b' \"" << QByteArray("1|\"a\" 'b' \"|");
+    QTest::newRow("command in it") << " $(x) `y` $HOME" << QByteArray("1|$(x) `y` $HOME|");
+    QTest::newRow("separators") << " a; exit 7 & b | c > d"
+                                << QByteArray("1|a; exit 7 & b | c > d|");
+    QTest::newRow("wildcards") << " * ? ~ [a] {b,c}" << QByteArray("1|* ? ~ [a] {b,c}|");
+    QTest::newRow("backslashes") << " a\\b\\\\c %PATH%" << QByteArray("1|a\\b\\\\c %PATH%|");
+    QTest::newRow("line break") << " a\nb" << QByteArray("1|a\nb|");
+    QTest::newRow("accents") << QString::fromUtf8(" été €") << QByteArray("1|été €|");
+    QTest::newRow("option") << " -n --help" << QByteArray("1|-n --help|");
+}
+
+void TestProcess::restOfTheLineIsOneArgument()
+{
+    QFETCH(QString, rest);
+    QFETCH(QByteArray, arguments);
+    Programs programs;
+    programs.addScript("C:\\Bin\\tool", "printf '%s|' $# \"$@\" > \"$OUT\"");
+    const auto child = programs.processes.start("C:\\Bin\\tool" + rest, 1);
+    QTRY_COMPARE(child->exitCode(), 0);
+    QCOMPARE(programs.sandbox.read(out), arguments);
+}
+
+void TestProcess::windowsPathReachesANativeProgramAsTheHosts()
+{
+    Programs programs;
+    programs.sandbox.write("C:\\My Files\\Set; $(x).txt", "");
+    programs.add("C:\\Bin\\tool");
+    QCOMPARE(programs.resolved("C:\\Bin\\tool c:\\my files\\SET; $(x).txt"),
+             (QStringList{"c:/Bin/tool", "c:/My Files/Set; $(x).txt"}));
+}
+
+void TestProcess::programPathMayHoldBlanks_data()
+{
+    QTest::addColumn<QString>("line");
+    QTest::addColumn<QStringList>("words");
+    const QString tool = "c:/My Tools/a b; $(c).exe";
+    QTest::newRow("alone") << "C:\\My Tools\\a b; $(c).exe" << QStringList{tool};
+    QTest::newRow("argument") << "C:\\My Tools\\a b; $(c).exe x y" << QStringList{tool, "x y"};
+    QTest::newRow("quoted") << "\"C:\\My Tools\\a b; $(c).exe\"" << QStringList{tool};
+    QTest::newRow("quoted, argument")
+        << "  \"C:\\My Tools\\a b; $(c).exe\"  \"x\" y " << QStringList{tool, "\"x\" y"};
+    QTest::newRow("other case") << "c:\\MY TOOLS\\A B; $(C).EXE x" << QStringList{tool, "x"};
+}
+
+void TestProcess::programPathMayHoldBlanks()
+{
+    QFETCH(QString, line);
+    QFETCH(QStringList, words);
+    const Programs programs;
+    programs.add("C:\\My Tools\\a b; $(c).exe");
+    QCOMPARE(programs.resolved(line), words);
+}
+
+void TestProcess::shortestLeadingPartThatIsAProgramIsTaken()
+{
+    const Programs programs;
+    programs.add("C:\\Bin\\a");
+    programs.add("C:\\Bin\\a b");
+    QCOMPARE(programs.resolved("C:\\Bin\\a b c"), (QStringList{"c:/Bin/a", "b c"}));
+    QCOMPARE(programs.resolved("\"C:\\Bin\\a b\" c"), (QStringList{"c:/Bin/a b", "c"}));
+}
+
+void TestProcess::childRunsInTheCurrentDirectory()
+{
+    Programs programs;
+    programs.sandbox.makeFolder("C:\\My Work");
+    programs.addScript("C:\\Bin\\tool", "pwd -P > \"$OUT\"");
+    paths::setCurrentDirectory("C:\\My Work");
+    const auto child = programs.processes.start("C:\\Bin\\tool", 1);
+    QTRY_COMPARE(child->exitCode(), 0);
+    const QString folder = QFileInfo(programs.sandbox.host("C:\\My Work")).canonicalFilePath();
+    QCOMPARE(programs.sandbox.read(out), folder.toUtf8() + '\n');
+}
+
+void TestProcess::missingProgramFails_data()
+{
+    QTest::addColumn<QString>("line");
+    QTest::newRow("nothing") << "";
+    QTest::newRow("blanks") << "   ";
+    QTest::newRow("missing") << "C:\\Bin\\missing.exe";
+    QTest::newRow("missing, argument") << "C:\\Bin\\missing.exe C:\\Bin\\tool";
+    QTest::newRow("name") << "missing.exe";
+    QTest::newRow("missing folder") << "C:\\Gone\\tool";
+    QTest::newRow("missing drive") << "Q:\\tool";
+    QTest::newRow("folder") << "C:\\Bin";
+    QTest::newRow("quoted with its argument") << "\"C:\\Bin\\tool x\"";
+    QTest::newRow("quote that is not closed") << "\"C:\\Bin\\tool";
+    QTest::newRow("empty quotes") << "\"\" C:\\Bin\\tool";
+    QTest::newRow("name Windows refuses") << "C:\\Bin\\to|ol";
+}
+
+void TestProcess::missingProgramFails()
+{
+    QFETCH(QString, line);
+    Programs programs;
+    programs.add("C:\\Bin\\tool");
+    QCOMPARE(failureOf([&] { programs.processes.start(line, 1); }), QString("53 File not found"));
+    QVERIFY(!hasChild());
+}
+
+void TestProcess::fileThatCannotBeRunFails_data()
+{
+    QTest::addColumn<bool>("executable");
+    QTest::newRow("a text") << true;
+    QTest::newRow("no right to run it") << false;
+}
+
+void TestProcess::fileThatCannotBeRunFails()
+{
+    QFETCH(bool, executable);
+    Programs programs;
+    programs.add("C:\\Bin\\tool", executable ? "exit 0\n" : anyProgram);
+    if (!executable) {
+        QVERIFY(QFile::setPermissions(programs.sandbox.host("C:\\Bin\\tool"), QFile::ReadOwner));
+    }
+    QCOMPARE(failureOf([&] { programs.processes.start("C:\\Bin\\tool", 1); }),
+             QString("75 Path/File access error"));
+    QVERIFY(!hasChild());
+}
+
+void TestProcess::programIsLookedForInSystemFoldersThenOnThePath()
+{
+    const Programs programs;
+    programs.add("C:\\Path\\tool");
+    QCOMPARE(programs.resolved("tool x"), (QStringList{"c:/Path/tool", "x"}));
+    programs.add("C:\\windows\\TOOL");
+    QCOMPARE(programs.resolved("tool x"), (QStringList{"c:/windows/TOOL", "x"}));
+    programs.add("C:\\windows\\system32\\Tool");
+    QCOMPARE(programs.resolved("tool x"), (QStringList{"c:/windows/system32/Tool", "x"}));
+}
+
+void TestProcess::currentDirectoryIsNotSearched()
+{
+    const Programs programs;
+    programs.add("C:\\Morlen\\tool");
+    QCOMPARE(paths::currentDirectory(), QString("C:\\Morlen"));
+    QCOMPARE(failureOf([&] { programs.resolved("tool"); }), QString("53 File not found"));
+}
+
+void TestProcess::windowsProgramRunsWithWine()
+{
+    const Programs programs;
+    programs.add("C:\\Path\\wine");
+    programs.sandbox.write("C:\\TTools\\TTools.exe", "MZ\x90"); // needs no right to run
+    QCOMPARE(programs.resolved("C:\\TTools\\ttools.exe"),
+             (QStringList{"c:/Path/wine", "c:/TTools/TTools.exe"}));
+    // Its argument is for Windows: it stays as it is.
+    QCOMPARE(programs.resolved("C:\\TTools\\ttools.exe C:\\my set.txt"),
+             (QStringList{"c:/Path/wine", "c:/TTools/TTools.exe", "C:\\my set.txt"}));
+}
+
+void TestProcess::windowsProgramWithoutWineFails()
+{
+    const Programs programs;
+    programs.add("C:\\TTools\\TTools.exe", "MZ\x90");
+    QCOMPARE(failureOf([&] { programs.resolved("C:\\TTools\\TTools.exe"); }),
+             QString("53 File not found"));
+}
+
+void TestProcess::notepadOfTheSystemIsTaken()
+{
+    const Programs programs;
+    programs.add("C:\\Path\\gedit");
+    programs.add("C:\\Path\\wine");
+    programs.sandbox.write("C:\\windows\\notepad.exe", "MZ\x90");
+    QCOMPARE(programs.resolved("NOTEPAD.EXE C:\\my set.txt"),
+             (QStringList{"c:/Path/wine", "c:/windows/notepad.exe", "C:\\my set.txt"}));
+}
+
+void TestProcess::editorStandsInForNotepad_data()
+{
+    QTest::addColumn<QStringList>("editors");
+    QTest::addColumn<QStringList>("words");
+    const QString set = "c:/TTools/my set.txt";
+    QTest::newRow("mousepad") << QStringList{"mousepad"}
+                              << QStringList{"c:/Path/mousepad", "--disable-server", set};
+    QTest::newRow("gedit") << QStringList{"gedit"}
+                           << QStringList{"c:/Path/gedit", "--standalone", "--wait", set};
+    QTest::newRow("kate") << QStringList{"kate"} << QStringList{"c:/Path/kate", "--block", set};
+    QTest::newRow("leafpad") << QStringList{"leafpad"} << QStringList{"c:/Path/leafpad", set};
+    QTest::newRow("first of several")
+        << QStringList{"leafpad", "kate", "kwrite"} << QStringList{"c:/Path/kate", "--block", set};
+}
+
+void TestProcess::editorStandsInForNotepad()
+{
+    QFETCH(QStringList, editors);
+    QFETCH(QStringList, words);
+    const Programs programs;
+    programs.sandbox.write("C:\\TTools\\my set.txt", "");
+    for (const QString &editor : editors) {
+        programs.add("C:\\Path\\" + editor);
+    }
+    QCOMPARE(programs.resolved("NOTEPAD.EXE C:\\TTools\\my set.txt"), words);
+}
+
+void TestProcess::noNotepadAndNoEditorFails()
+{
+    const Programs programs;
+    QCOMPARE(failureOf([&] { programs.resolved("NOTEPAD.EXE C:\\a.txt"); }),
+             QString("53 File not found"));
+}
+
+void TestProcess::finishedChildLeavesNoZombie()
+{
+    Programs programs;
+    programs.addScript("C:\\Bin\\tool", "exit 0");
+    const auto child = programs.processes.start("C:\\Bin\\tool", 1);
+    QVERIFY(hasChild());
+    QTRY_COMPARE(child->exitCode(), 0);
+    QVERIFY(!hasChild());
+}
+
+void TestProcess::droppedChildRunsOn()
+{
+    Programs programs;
+    const Gate gate(programs.sandbox.host("C:\\Bin\\gate"));
+    programs.addScript("C:\\Bin\\tool", gate.wait() + "echo done > \"$OUT\"");
+    programs.processes.start("C:\\Bin\\tool", 1).reset();
+    QVERIFY(!programs.sandbox.exists(out));
+    QVERIFY(gate.open());
+    QTRY_VERIFY(programs.sandbox.exists(out) && hasZombie());
+    QCOMPARE(programs.sandbox.read(out), QByteArray("done\n"));
+}
+
+void TestProcess::droppedChildIsBuriedAtTheNextStart()
+{
+    Programs programs;
+    programs.addScript("C:\\Bin\\tool", "exit 0");
+    programs.processes.start("C:\\Bin\\tool", 1).reset();
+    QTRY_VERIFY(hasZombie());
+    const auto child = programs.processes.start("C:\\Bin\\tool", 1);
+    QTRY_COMPARE(child->exitCode(), 0);
+    QVERIFY(!hasChild());
+}
+
+void TestProcess::waitEndsWithTheChild()
+{
+    Programs programs;
+    RealShell real(programs);
+    const Gate gate(programs.sandbox.host("C:\\Bin\\gate"));
+    programs.addScript("C:\\Bin\\tool", gate.wait() + "printf %s \"$1\" > \"$OUT\"");
+    // Only a window that lives while waiting can let the child go on.
+    QTimer::singleShot(0, this, [&] { QVERIFY(gate.open()); });
+    QVERIFY(real.services.shell.Shellandwait("C:\\Bin\\tool a; $(b)", 0, 1));
+    QCOMPARE(programs.sandbox.read(out), QByteArray("a; $(b)"));
+    QVERIFY(!hasChild());
+}
+
+void TestProcess::childThatFailsKeepsTheWaitGoingUntilTheTimeOut()
+{
+    Programs programs;
+    RealShell real(programs);
+    programs.addScript("C:\\Bin\\tool", "exit 1");
+    real.fakes.clock.secondsPerLook = 1;
+    const QDateTime start = real.fakes.clock.time;
+    QVERIFY(real.services.shell.Shellandwait("C:\\Bin\\tool", 5, 1));
+    QCOMPARE(real.fakes.clock.time, start.addSecs(6)); // the look that saw the fifth second
+    QVERIFY(!hasChild());
+}
+
+void TestProcess::quittingWhileAChildRunsEndsTheWaitAndLeavesTheChild()
+{
+    Programs programs;
+    RealShell real(programs);
+    const Gate gate(programs.sandbox.host("C:\\Bin\\gate"));
+    programs.addScript("C:\\Bin\\tool", gate.wait() + "echo done > \"$OUT\"");
+    QTimer::singleShot(0, this, [&] { real.services.state.ended = true; });
+    QVERIFY(!real.services.shell.Shellandwait("C:\\Bin\\tool", 0, 1));
+    QCOMPARE(real.fakes.dialogs.boxes.size(), 0);
+    QVERIFY(hasChild() && !hasZombie());
+    QVERIFY(gate.open());
+    QTRY_VERIFY(programs.sandbox.exists(out) && hasZombie());
+}
+
+void TestProcess::missingProgramIsReportedByTheWait()
+{
+    Programs programs;
+    RealShell real(programs);
+    QVERIFY(!real.services.shell.Shellandwait("C:\\TTools\\TTools.exe", 0, 1));
+    QCOMPARE(real.fakes.dialogs.boxes.size(), 1);
+    QCOMPARE(real.fakes.dialogs.boxes[0].title, QString("ShellandWait Error"));
+    QCOMPARE(real.fakes.dialogs.boxes[0].prompt, QString("Error Handled. See log."));
+}
+
+void TestProcess::documentIsOpenedAsAFile()
+{
+    Programs programs;
+    programs.sandbox.write("C:\\Morlen\\Docs\\My #1 %20 help.htm", "");
+    QDesktopServices::setUrlHandler("file", this, "takeUrl");
+    QVERIFY(QDir::setCurrent("/"));
+    programs.processes.openDocument("c:\\morlen\\docs\\my #1 %20 help.htm");
+    QCOMPARE(m_opened.size(), 1);
+    QCOMPARE(QFileInfo(m_opened[0].toLocalFile()).canonicalFilePath(),
+             QFileInfo(programs.sandbox.host("C:\\Morlen\\Docs\\My #1 %20 help.htm"))
+                 .canonicalFilePath());
+}
+
+void TestProcess::missingDocumentFails_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::newRow("file") << "C:\\Morlen\\Donate.htm";
+    QTest::newRow("folder") << "C:\\Morlen\\Docs\\MorlenEHelp.htm";
+}
+
+void TestProcess::missingDocumentFails()
+{
+    QFETCH(QString, path);
+    Programs programs;
+    QDesktopServices::setUrlHandler("file", this, "takeUrl");
+    QCOMPARE(failureOf([&] { programs.processes.openDocument(path); }),
+             QString("53 File not found"));
+    QCOMPARE(m_opened.size(), 0);
+}
+
+void TestProcess::documentThatNothingOpensFails()
+{
+    Programs programs; // neither a browser nor xdg-open on the PATH
+    programs.sandbox.write("C:\\Morlen\\Donate.htm", "");
+    QCOMPARE(failureOf([&] { programs.processes.openDocument("C:\\Morlen\\Donate.htm"); }),
+             QString("53 File not found"));
+}
+
+QTEST_MAIN(TestProcess)
+#include "test_process.moc"
