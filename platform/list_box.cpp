@@ -94,6 +94,20 @@ public:
     {
     }
 
+protected:
+    /// Styles draw a check box's frame from the window colour, which is next to invisible on a dark
+    /// list: half way between text and base it can be seen on every palette.
+    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        const QColor text = option->palette.color(QPalette::Text);
+        const QColor base = option->palette.color(QPalette::Base);
+        option->palette.setColor(QPalette::Window, QColor((text.red() + base.red()) / 2,
+                                                          (text.green() + base.green()) / 2,
+                                                          (text.blue() + base.blue()) / 2));
+    }
+
+public:
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
     {
         const auto longest = std::max_element(
