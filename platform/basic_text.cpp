@@ -2,6 +2,7 @@
 #include "platform/basic_text.h"
 
 #include <QLocale>
+#include <QRegularExpression>
 
 #include <algorithm>
 #include <array>
@@ -282,18 +283,15 @@ std::int16_t toInteger16(const QString &text)
     if (plain) {
         return figures;
     }
-    const QString trimmed = text.trimmed();
-    double value = 0;
-    if (trimmed.startsWith('&')) {
-        value = val(trimmed);
-    } else {
-        bool ok = false;
-        value = QLocale::c().toDouble(trimmed, &ok);
-        if (!ok || !std::isfinite(value)) {
-            throw RuntimeError(std::isinf(value) ? ErrorNumber::Overflow
-                                                 : ErrorNumber::TypeMismatch);
-        }
+    static const QRegularExpression number(
+        QRegularExpression::anchoredPattern(
+            R"([+-]?(\d[\d,]*\.?\d*|\.\d+)([ed][+-]?\d+)?|&h[\da-f]+|&o[0-7]+)"),
+        QRegularExpression::CaseInsensitiveOption);
+    QString trimmed = text.trimmed();
+    if (!number.match(trimmed).hasMatch()) {
+        throw RuntimeError(ErrorNumber::TypeMismatch);
     }
+    const double value = val(trimmed.remove(','));
     const double rounded = std::nearbyint(value); // the default mode: halves go to the even number
     if (rounded < INT16_MIN || rounded > INT16_MAX) {
         throw RuntimeError(ErrorNumber::Overflow);

@@ -47,24 +47,31 @@ public:
             throw RuntimeError(ErrorNumber::InputPastEnd);
         }
         // Two searches instead of one look at each byte: the system's own are many times as fast.
-        const char *const start = m_bytes.data() + m_position;
-        const char *const end = m_bytes.data() + m_bytes.size();
-        const char *const lineFeed = find(start, end, '\n');
-        const char *const lineEnd = find(start, lineFeed, '\r');
-        const bool both = lineEnd + 1 == lineFeed && lineFeed != end;
-        m_position = lineEnd - m_bytes.data() + (both ? 2 : 1);
-        return {start, lineEnd};
+        // The line feed is kept for the lines before it, or files that end lines in CR alone would
+        // be searched to their end at each one.
+        if (m_lineFeed < m_position) {
+            m_lineFeed = find(m_bytes.size(), '\n');
+        }
+        const qsizetype start = m_position;
+        const qsizetype lineEnd = find(m_lineFeed, '\r');
+        const bool both = lineEnd + 1 == m_lineFeed && m_lineFeed != m_bytes.size();
+        m_position = lineEnd + (both ? 2 : 1);
+        return m_bytes.sliced(start, lineEnd - start);
     }
 
 private:
-    static const char *find(const char *start, const char *end, char byte)
+    /// Where a byte comes next before `end`; `end` when it does not.
+    qsizetype find(qsizetype end, char byte) const
     {
-        const void *const found = std::memchr(start, byte, static_cast<std::size_t>(end - start));
-        return found != nullptr ? static_cast<const char *>(found) : end;
+        const char *const start = m_bytes.data() + m_position;
+        const void *const found =
+            std::memchr(start, byte, static_cast<std::size_t>(end - m_position));
+        return found != nullptr ? static_cast<const char *>(found) - m_bytes.data() : end;
     }
 
     QByteArrayView m_bytes;
     qsizetype m_position = 0;
+    qsizetype m_lineFeed = -1; ///< the next one, once looked for
 };
 
 /// All lines of a file as text (see decode).

@@ -225,6 +225,13 @@ bool isFolderEntry(const dirent &entry, int parent)
     return ::fstatat(parent, entry.d_name, &info, 0) == 0 && S_ISDIR(info.st_mode);
 }
 
+/// The name of an entry, empty for one that Windows cannot spell: refused there, or not UTF-8.
+QString spelledName(const dirent &entry)
+{
+    const QString name = QFile::decodeName(entry.d_name);
+    return paths::isValidName(name) && QFile::encodeName(name) == entry.d_name ? name : QString();
+}
+
 void sortBlindToCase(QStringList &names)
 {
     // Lowered once, not at each comparison: an aircraft directory holds thousands.
@@ -294,8 +301,9 @@ void writeAll(const QString &path, const QByteArray &bytes)
 {
     const QByteArray host = hostName(path);
     // Opening for writing first refuses what a rename would silently replace: a read-only file.
-    if (exists(path)) {
-        Handle(openOrThrow(host, O_WRONLY)).close();
+    const Handle old(::open(host.constData(), O_WRONLY | O_CLOEXEC));
+    if (old.get() < 0 && errno != ENOENT) {
+        throwErrno(errno, ErrorNumber::FileNotFound);
     }
     QSaveFile file(QFile::decodeName(host));
     if (!file.open(QIODevice::WriteOnly)) {
@@ -359,8 +367,8 @@ QStringList subFolders(const QString &path)
     QStringList names;
     forEachEntry(openFolder(hostName(path)), [&](const dirent &entry, int parent) {
         if (entry.d_name[0] != '.' && isFolderEntry(entry, parent)) {
-            const QString name = QFile::decodeName(entry.d_name);
-            if (paths::isValidName(name)) {
+            const QString name = spelledName(entry);
+            if (!name.isEmpty()) {
                 names += name;
             }
         }
@@ -377,8 +385,8 @@ QStringList filesMatching(const QString &path, const QString &pattern)
         if (isFolderEntry(entry, parent)) {
             return;
         }
-        const QString name = QFile::decodeName(entry.d_name);
-        if (expression.match(name).hasMatch() && paths::isValidName(name)) {
+        const QString name = spelledName(entry);
+        if (!name.isEmpty() && expression.match(name).hasMatch()) {
             names += name;
         }
     });
@@ -430,7 +438,7 @@ struct SubFolderReader::Private {
     {
         const int descriptor = ::openat(folder.get(), QFile::encodeName(name).constData(),
                                         O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-        // A name that this system's encoding cannot hold is still found by looking for it.
+        // A name spelled in another case is found by looking for it.
         return descriptor < 0 && errno == ENOENT ? openFolder(hostName(paths::join(path, name)))
                                                  : descriptor;
     }

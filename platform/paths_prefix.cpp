@@ -70,8 +70,7 @@ QString nameOnDisk(const QString &folder, const QString &name)
     return name;
 }
 
-/// The components of a path without its drive. Wine's own current-folder rules: "." stays, ".."
-/// goes up, blanks and dots at the end of a name do not count.
+/// The components of a path without its drive: "." stays, ".." goes up.
 QStringList components(QStringView path)
 {
     QStringList names;
