@@ -86,8 +86,6 @@ void AircraftLoaderPage::LoadList()
         ui->Tab0List2->clear();
         ui->Tab0List3->clear();
         ui->File1->clearFileName();
-        AircraftCount = 0;
-        Number = 0;
         ui->Tab0Label1->setText(availableCaption);
         ui->Tab0Label2->setText(existingCaption);
         showLists(false);
@@ -280,8 +278,8 @@ void AircraftLoaderPage::addChecked()
     Repaint repaint;
     available_aircraft::SplitEntry entry;
     for (int i = 0; i < ui->Tab0List2->count(); ++i) {
-        if (repaint.isDue() || i + 1 == ui->Tab0List2->count()) {
-            ui->Tab0List2->setListIndex(i);
+        ui->Tab0List2->setListIndex(i);
+        if (repaint.isDue()) {
             Repaint::now();
         }
         if (ui->Tab0List2->selected(i)) {
@@ -397,6 +395,7 @@ void AircraftLoaderPage::takeTextFile(const QString &path, qsizetype limit)
 void AircraftLoaderPage::fillFromTextFile()
 {
     if (ui->lblAircraftTextFile->text().isEmpty() || ui->lblFSPath->text().isEmpty()) {
+        ui->cmdTtools->setEnabled(false); // the compiler of the file before is not this one's
         return;
     }
     ClearLists();

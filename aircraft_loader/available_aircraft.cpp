@@ -105,10 +105,10 @@ void AircraftWalk::run(const QString &directory, const QStringList &subFolders, 
         if (visit.folderFailure) {
             throw RuntimeError(*visit.folderFailure);
         }
-        ErrMsg = u"Check " % visit.file;
         if (visit.file.isEmpty()) {
             continue;
         }
+        ErrMsg = u"Check " % visit.file;
         ErrMsg = QStringLiteral("Get Aircraft Name");
         const QString cfgFileName = paths::join(folder, visit.file);
         AirCraftName = aircraft_cfg::folderName(cfgFileName, layout.airplanes, layout.rotorcraft);

@@ -409,6 +409,7 @@ void TestAddingAircraft::failureLeavesTicksAndFocusForAnotherTry()
     QVERIFY(
         QFile::setPermissions(user.sandbox.host(AircraftLoaderDriver::textFile), QFile::ReadOwner));
     user.press("cmdAddAI");
+    QCOMPARE(user.find<ListBox>("Tab0List2")->listIndex(), 1); // the one that failed
     QCOMPARE(user.ticked(), QStringList{"Bravo 477"});
     QVERIFY(user.isEnabled("cmdAddAI"));
     QCOMPARE(user.focus(), QString("cmdAddAI"));

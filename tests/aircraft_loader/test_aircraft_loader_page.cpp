@@ -97,6 +97,7 @@ private Q_SLOTS:
     void checkAllTicksEverythingAndEnablesAddAircraft();
     void checkNoneUnticksEverythingAndDisablesAddAircraft();
     void optionsWorkByKeyboardToo();
+    void listsAreHiddenWhileTheirEntriesAreTicked();
     void optionsShowTheListsAgain();
     void doubleClickOnAnExistingAircraftOpensTheTextFile();
     void doubleClickDoesNothingWhileEditIsDisabled();
@@ -337,6 +338,7 @@ void TestAircraftLoaderPage::emptyTextFileLeavesEveryTitleAvailableAndShowsNoNot
     user.writeTextFile("");
     user.start();
     QCOMPARE(user.available(), QStringList{"Airbus 454"});
+    QCOMPARE(user.find<ListBox>("Tab0List2")->listIndex(), 0); // no matching takes it away
     QCOMPARE(user.label("Tab0Label1"), QString("Available Aircraft: 1"));
     QCOMPARE(user.label("Tab0Label2"), QString("Existing AI Aircraft in Aircraft_Set.txt: 0"));
 
@@ -781,6 +783,32 @@ void TestAircraftLoaderPage::optionsWorkByKeyboardToo()
     QVERIFY(user.find<QRadioButton>("optClear")->isChecked());
     QCOMPARE(user.ticked().size(), 0);
     QVERIFY(!user.isEnabled("cmdAddAI"));
+}
+
+void TestAircraftLoaderPage::listsAreHiddenWhileTheirEntriesAreTicked()
+{
+    AircraftLoaderDriver user;
+    user.addAircraft("A", {"One", "Two", "Three"}, "454");
+    user.writeTextFile("");
+    user.start();
+    const auto *const bar = user.find<QProgressBar>("ProgressBar1");
+    for (const char *option : {"optAll", "optClear"}) {
+        QStringList shown;
+        int maximum = 0;
+        const auto watch = QObject::connect(
+            user.find<ListBox>("Tab0List2")->model(), &QAbstractItemModel::dataChanged, [&] {
+                for (const char *name : {"Tab0List2", "Tab0List3", "Tab0Label1", "Tab0Label2",
+                                         "Tab0Label9", "ProgressBar1"}) {
+                    shown += user.isShown(name) ? QString(name) : QString();
+                }
+                maximum = bar->maximum();
+            });
+        user.press(option);
+        QObject::disconnect(watch);
+        shown.removeAll(QString());
+        QCOMPARE(shown, (QStringList{"Tab0Label9", "ProgressBar1"}));
+        QCOMPARE(maximum, 3);
+    }
 }
 
 void TestAircraftLoaderPage::optionsShowTheListsAgain()

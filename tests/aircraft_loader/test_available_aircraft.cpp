@@ -323,7 +323,7 @@ void TestAvailableAircraft::stepsAreNamedForTheErrorReport()
              (QStringList{"Loop through Aircraft Directories",
                           "Get Aircraft Data in\r" + inDirectory("A\\aircraft.cfg"),
                           "Opening " + inDirectory("B\\aircraft.cfg"), "Get Aircraft Name"}));
-    QCOMPARE(walk.step, QString("Check "));
+    QCOMPARE(walk.step, "Set path to " + inDirectory("Empty"));
 }
 
 void TestAvailableAircraft::aircraftNameIsCutByTheLayout()

@@ -107,6 +107,7 @@ private Q_SLOTS:
     void chosenPathOf50CharactersIsShownWholeOf51Shortened();
     void restoredPathOf60CharactersIsShownWholeOf61Shortened();
     void textFileWithoutADirectoryWaitsForIt();
+    void textFileWithoutADirectoryForgetsTheCompilerOfTheOneBefore();
     void folderNamedAircraftMakesAnyFileValid();
     void cancellingTheDialogAsksForATextFile();
     void fileOfAnotherNameIsRefused_data();
@@ -481,6 +482,19 @@ void TestChoosingFiles::textFileWithoutADirectoryWaitsForIt()
     QCOMPARE(user.existing(), QStringList());
     QCOMPARE(user.messages(), QStringList());
     QVERIFY(!user.isEnabled("cmdEdit"));
+    QVERIFY(!user.isEnabled("cmdTtools"));
+}
+
+void TestChoosingFiles::textFileWithoutADirectoryForgetsTheCompilerOfTheOneBefore()
+{
+    ChoosingPage user;
+    user.start();
+    QVERIFY(user.isEnabled("cmdTtools"));
+    user.press("cmdBrowseFSPath");
+    user.find<DirListBox>("Dir1")->setPath("C:\\TTools");
+    user.press("Command1"); // refused: no aircraft directory is chosen any more
+    QVERIFY(user.isEnabled("cmdTtools"));
+    user.chooseTextFile(AircraftLoaderDriver::textFile);
     QVERIFY(!user.isEnabled("cmdTtools"));
 }
 
