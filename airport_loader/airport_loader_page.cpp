@@ -1,13 +1,519 @@
 // SPDX-License-Identifier: MIT
 #include "airport_loader/airport_loader_page.h"
 
+#include "app/services/path_display.h"
+#include "platform/basic_text.h"
+#include "platform/control_style.h"
+#include "platform/files.h"
+#include "platform/repaint.h"
+
+#include <QAction>
+#include <QScopeGuard>
+
 #include "ui_airport_loader_page.h"
 
-AirportLoaderPage::AirportLoaderPage(QWidget *parent)
-    : QWidget(parent), ui(std::make_unique<Ui::AirportLoaderPage>())
+namespace
+{
+
+const QString filePrompt = QStringLiteral("Please Select Airport Text file to Edit --->");
+const QString applicationTitle = QStringLiteral("Morlen Utilities");
+const QString fileErrorTitle = QStringLiteral("Airport Text File Error");
+constexpr qsizetype pathLimit = 50;   // characters of a path that are shown
+constexpr int expectedLines = 24'000; // of the master list
+
+bool isBrowsedByProvince(const QString &country)
+{
+    return country == "Australia" || country == "United States" || country == "Canada";
+}
+
+} // namespace
+
+AirportLoaderPage::AirportLoaderPage(Services &services, QWidget *parent)
+    : QWidget(parent),
+      m_services(services),
+      m_state(services.state),
+      ui(std::make_unique<Ui::AirportLoaderPage>())
 {
     ui->setupUi(this);
-    connect(ui->tab1Help, &LinkLabel::clicked, this, &AirportLoaderPage::helpWanted);
+    ui->Tab1List1->setDropPartner(ui->Tab1List2);
+    ui->Tab1List2->setDropPartner(ui->Tab1List1);
+    for (QWidget *hidden : std::initializer_list<QWidget *>{
+             ui->Tab1lstAICO, ui->Tab1lstCountry, ui->Tab1ListSort, ui->Tab1ProgressBar1}) {
+        hidden->hide();
+    }
+    showFilePrompt();
+    connectControls();
+    addListActions();
 }
 
 AirportLoaderPage::~AirportLoaderPage() = default;
+
+void AirportLoaderPage::connectControls()
+{
+    using Page = AirportLoaderPage;
+    connect(ui->Tab1cmdBrowse, &QPushButton::clicked, this, &Page::Tab1cmdBrowse_Click);
+    connect(ui->Tab1cmdEdit, &QPushButton::clicked, this, &Page::Tab1cmdEdit_Click);
+    connect(ui->Tab1cmdPrevious, &QPushButton::clicked, this, &Page::Tab1cmdPrevious_Click);
+    connect(ui->Tab1cmdReset, &QPushButton::clicked, this, &Page::Tab1cmdReset_Click);
+    connect(ui->Tab1cmdCreateFile, &QPushButton::clicked, this, &Page::Tab1cmdCreateFile_Click);
+    connect(ui->Tab1Command2, &QPushButton::clicked, this, &Page::Tab1Command2_Click);
+    connect(ui->Tab1optName, &QRadioButton::clicked, this, &Page::sortOption_Click);
+    connect(ui->Tab1optICAO, &QRadioButton::clicked, this, &Page::sortOption_Click);
+    connect(ui->Tab1List1, &ListBox::entryDoubleClicked, this, &Page::Tab1List1_DblClick);
+    connect(ui->Tab1List1, &DragListBox::mouseDown, this, &Page::Tab1List1_MouseDown);
+    connect(ui->Tab1List2, &DragListBox::mouseDown, this, &Page::Tab1List2_MouseDown);
+    connect(ui->Tab1List1, &DragListBox::dropped, this, &Page::Tab1List1_DragDrop);
+    connect(ui->Tab1List2, &DragListBox::dropped, this, &Page::Tab1List2_DragDrop);
+    connect(ui->tab1Help, &LinkLabel::clicked, this, &Page::helpWanted);
+}
+
+void AirportLoaderPage::addListActions()
+{
+    // For whoever cannot drag: the same procedures by key and by menu, with every rule of a drop.
+    const auto add = [this](DragListBox *list, const QString &text, Qt::Key key, auto move) {
+        auto *const action = new QAction(text, list);
+        action->setShortcut(key);
+        action->setShortcutContext(Qt::WidgetShortcut);
+        connect(action, &QAction::triggered, this, move);
+        list->addAction(action);
+        list->setContextMenuPolicy(Qt::ActionsContextMenu);
+    };
+    add(ui->Tab1List1, "Move to Airports to Add", Qt::Key_Insert,
+        [this] { Tab1List2_DragDrop(selectedText(*ui->Tab1List1)); });
+    add(ui->Tab1List2, "Move back to the available list", Qt::Key_Delete, [this] {
+        Tab1List2_MouseDown();
+        Tab1List1_DragDrop(selectedText(*ui->Tab1List2));
+    });
+}
+
+void AirportLoaderPage::showFilePrompt()
+{
+    ui->Tab1lblAirportTextFileName->setText(filePrompt);
+    showCurrentStep(ui->Tab1lblAirportTextFileName);
+}
+
+void AirportLoaderPage::enableSortOptions(bool on)
+{
+    ui->Tab1Frame2->setEnabled(on);
+    ui->Tab1optName->setEnabled(on);
+    ui->Tab1optICAO->setEnabled(on);
+}
+
+void AirportLoaderPage::showListToolTip(const QString &level)
+{
+    // The quote stands before "List" in this product.
+    ui->Tab1List2->setToolTip(" To remove an Airport Drag and Drop it in the \"" + level +
+                              " \"List ");
+}
+
+QString AirportLoaderPage::selectedText(const ListBox &list) const
+{
+    return list.text(list.listIndex());
+}
+
+void AirportLoaderPage::addAvailable(const master_airport_list::Listing &listing)
+{
+    ui->Tab1List1->setItems(ui->Tab1List1->items() + listing.items);
+    if (listing.failure) {
+        throw RuntimeError(*listing.failure);
+    }
+}
+
+void AirportLoaderPage::LoadCountry()
+{
+    m_services.errors.run("Load Country Errors", [this] {
+        m_state.ErrMsg = "Opening OCX";
+        const QByteArray list = master_airport_list::OpenOCX(m_state.ErrMsg);
+        const WaitPointer pointer;
+        m_state.ErrMsg = "Setting Progress Bar";
+        Q_EMIT countriesLoading(expectedLines);
+        m_state.ErrMsg = "Loop through OCX";
+        addAvailable(master_airport_list::countries(
+            list, [this](int number) { Q_EMIT countryLineRead(number); }));
+        ui->Tab1Label1->setText("Country");
+        showListToolTip("Country");
+        ui->Tab1cmdPrevious->hide();
+        ui->Tab1cmdPrevious->setText("Clear List");
+    });
+}
+
+void AirportLoaderPage::LoadProvince()
+{
+    m_services.errors.run("Load Province Error", [this] {
+        m_selectedCountry = m_provinceLevel ? m_savedCountry : selectedText(*ui->Tab1List1);
+        ui->Tab1List1->clear();
+        m_state.ErrMsg = "Opening OCX";
+        const QByteArray list = master_airport_list::OpenOCX(m_state.ErrMsg);
+        m_state.ErrMsg = "Loading OCX Data";
+        addAvailable(master_airport_list::provinces(list, m_selectedCountry));
+        if (ui->Tab1List1->count() == 0) {
+            m_provinceLevel = false;
+            LoadCity();
+            return;
+        }
+        m_provinceLevel = true;
+        ui->Tab1Label1->setText("Province/State in " + m_savedCountry + ' ' +
+                                basic::str(ui->Tab1List1->count()));
+        showListToolTip("Province/State");
+        ui->Tab1cmdPrevious->setText("Clear Province List");
+    });
+}
+
+void AirportLoaderPage::LoadCity()
+{
+    using namespace master_airport_list;
+    m_services.errors.run("Load City Error", [this] {
+        ui->Tab1List1->clear();
+        m_state.ErrMsg = "Opening OCX";
+        const QByteArray list = OpenOCX(m_state.ErrMsg);
+        m_state.ErrMsg = "Loading OCX Data";
+        const AirportItem form =
+            ui->Tab1optName->isChecked() ? AirportItem::NameFirst : AirportItem::IcaoFirst;
+        addAvailable(m_provinceLevel ? airportsOfProvince(list, m_selectedProvince, form)
+                                     : airportsOfCountry(list, m_selectedCountry, form));
+        ui->Tab1Label1->setText("Airports in " +
+                                (m_provinceLevel ? m_selectedProvince : m_selectedCountry) + ' ' +
+                                basic::str(ui->Tab1List1->count()));
+        showListToolTip("Cities");
+        enableSortOptions(true);
+        ui->Tab1cmdPrevious->setText("Clear Airport List");
+        m_airportLevel = true;
+    });
+}
+
+void AirportLoaderPage::Tab1List1_DblClick()
+{
+    const QString item = selectedText(*ui->Tab1List1);
+    if (m_airportLevel) {
+        m_provinceCountry = item;
+    } else if (m_provinceLevel) {
+        m_selectedProvince = item;
+        LoadCity();
+    } else {
+        m_savedCountry = item;
+        if (isBrowsedByProvince(item)) {
+            m_provinceCountry = item;
+        }
+        LoadProvince();
+        ui->Tab1cmdPrevious->show();
+        ui->Tab1lblDragnDrop->hide();
+    }
+}
+
+void AirportLoaderPage::Tab1cmdPrevious_Click()
+{
+    ui->Tab1List1->clear();
+    ui->Tab1Label1->setText("Country");
+    ui->Tab1lblDragnDrop->show();
+    m_provinceLevel = false;
+    m_airportLevel = false;
+    m_provinceCountry.clear();
+    enableSortOptions(false);
+    LoadCountry();
+}
+
+void AirportLoaderPage::Tab1cmdReset_Click()
+{
+    ui->Tab1lblDragnDrop->hide();
+    for (ListBox *list : std::initializer_list<ListBox *>{ui->Tab1List1, ui->Tab1List2,
+                                                          ui->Tab1lstAICO, ui->Tab1lstCountry}) {
+        list->clear();
+    }
+    ui->Tab1List1->setEnabled(false);
+    ui->Tab1Label1->setText("Country");
+    for (QWidget *control :
+         std::initializer_list<QWidget *>{ui->Tab1cmdCreateFile, ui->Tab1cmdReset, ui->Tab1cmdEdit,
+                                          ui->Tab1optICAO, ui->Tab1optName}) {
+        control->setEnabled(false);
+    }
+    ui->lblT1Airport->setText("Airport to Add");
+    m_provinceLevel = false;
+    m_airportLevel = false;
+    m_provinceCountry.clear();
+    LoadCountry();
+    showFilePrompt();
+}
+
+void AirportLoaderPage::sortOption_Click()
+{
+    if (m_airportLevel) {
+        ui->Tab1cmdCreateFile->setEnabled(false);
+        LoadCity();
+    }
+}
+
+void AirportLoaderPage::Tab1List1_MouseDown()
+{
+    ui->Tab1List1->setDragging(ui->Tab1List1->count() > 0);
+}
+
+void AirportLoaderPage::Tab1List2_MouseDown()
+{
+    ListBox &list = *ui->Tab1List2;
+    const bool movable = list.count() > 0 && !airport_text_file::isExisting(selectedText(list));
+    if (movable) {
+        ui->Tab1lstAICO->setListIndex(list.listIndex() + hiddenOffset());
+    }
+    ui->Tab1List2->setDragging(movable);
+    if (list.count() == 0) {
+        ui->Tab1cmdReset->setEnabled(false);
+    }
+}
+
+AirportChoice AirportLoaderPage::choiceFor(const QString &item) const
+{
+    const QString separator = QStringLiteral(" - ");
+    const qsizetype position = item.indexOf(separator);
+    const bool byName = ui->Tab1optName->isChecked();
+    if (position >= 0) {
+        return {byName ? item.sliced(position + separator.size()) : item.first(position),
+                m_savedCountry};
+    }
+    // A province is looked up in its country only with the airports sorted by name.
+    return {item, byName && isBrowsedByProvince(m_provinceCountry) ? m_provinceCountry : item};
+}
+
+void AirportLoaderPage::Tab1List2_DragDrop(const QString &text)
+{
+    const int index = ui->Tab1List1->listIndex();
+    if (index < 0 || text != selectedText(*ui->Tab1List1)) {
+        return;
+    }
+    ui->Tab1List2->addItem(text);
+    if (m_savedCountry.isEmpty()) {
+        m_savedCountry = text;
+    }
+    const AirportChoice choice = choiceFor(text);
+    ui->Tab1lstAICO->addItem(choice.search);
+    ui->Tab1lstCountry->addItem(choice.country);
+    ui->Tab1List1->removeItem(index);
+    ui->Tab1cmdCreateFile->setEnabled(true);
+    focusIfShown(ui->Tab1cmdCreateFile);
+    ui->Tab1cmdEdit->setEnabled(false);
+    ui->Tab1List2->setListIndex(ui->Tab1List2->count() - 1);
+    ui->Tab1cmdReset->setEnabled(true);
+    showExistingCount();
+    if (ui->Tab1List1->count() == 0) {
+        enableSortOptions(false);
+    }
+}
+
+int AirportLoaderPage::hiddenOffset() const
+{
+    return ui->Tab1lstAICO->count() - ui->Tab1List2->count();
+}
+
+void AirportLoaderPage::Tab1List1_DragDrop(const QString &text)
+{
+    const int index = ui->Tab1List2->listIndex();
+    if (index < 0 || text != selectedText(*ui->Tab1List2) || airport_text_file::isExisting(text)) {
+        return;
+    }
+    const int hidden = index + hiddenOffset();
+    ui->Tab1List1->addItem(text);
+    ui->Tab1List2->removeItem(index);
+    ui->Tab1lstAICO->removeItem(hidden);
+    ui->Tab1lstCountry->removeItem(hidden);
+    if (ui->Tab1List2->count() == 0) {
+        ui->Tab1cmdReset->setEnabled(false);
+        ui->Tab1cmdCreateFile->setEnabled(false);
+    } else {
+        ui->Tab1cmdEdit->setEnabled(true);
+    }
+    if (m_airportLevel) {
+        enableSortOptions(true);
+    }
+    showExistingCount();
+}
+
+bool AirportLoaderPage::AirportExists()
+{
+    if (!m_airportLevel) {
+        return false;
+    }
+    const QString code = choiceFor(selectedText(*ui->Tab1List1)).search;
+    for (const QString &item : ui->Tab1List2->items()) {
+        if (item.contains(code)) {
+            m_services.dialogs.show({.prompt = "Duplicate Airport!", .title = applicationTitle});
+            return true;
+        }
+    }
+    return false;
+}
+
+void AirportLoaderPage::showExistingCount()
+{
+    ui->lblT1Airport->setText("Existing Airports:" + basic::str(ui->Tab1List2->count()));
+}
+
+void AirportLoaderPage::Tab1cmdBrowse_Click()
+{
+    if (m_state.ShowAddAirportHelp) {
+        Q_EMIT reminderDue();
+    }
+    m_textFile = m_services.dialogs.openFile(
+        {.filter = "Airport Text Files (*.txt)|airport*.txt|", .startFolder = {}});
+    m_services.errors.run(fileErrorTitle, [this] {
+        m_state.ErrMsg = "Open " + m_textFile;
+        m_services.log.write("Selecting Airport Text File " + m_textFile);
+        if (m_textFile.isEmpty()) {
+            showFilePrompt();
+            return;
+        }
+        ui->Tab1lblAirportTextFileName->setText(shortenedPath(m_textFile, pathLimit));
+        showDone(ui->Tab1lblAirportTextFileName);
+        ui->Tab1List1->setEnabled(true);
+        readTextFile();
+        ui->Tab1cmdEdit->setEnabled(true);
+        ui->Tab1lblDragnDrop->show();
+    });
+    if (ui->Tab1List2->count() > 0) {
+        ui->Tab1cmdReset->setEnabled(true);
+        showExistingCount();
+    }
+}
+
+void AirportLoaderPage::readTextFile()
+{
+    ui->Tab1List2->clear();
+    const QStringList items = airport_text_file::existingItems(files::readAll(m_textFile));
+    ui->Tab1List2->setItems(items);
+    ui->Tab1lstAICO->setItems(ui->Tab1lstAICO->items() + items);
+    ui->Tab1lstCountry->setItems(ui->Tab1lstCountry->items() + items);
+}
+
+void AirportLoaderPage::Tab1cmdCreateFile_Click()
+{
+    if (m_textFile.isEmpty()) {
+        m_services.dialogs.show({.prompt = "Missing Airport Text File name!",
+                                 .title = applicationTitle,
+                                 .icon = MessageBox::Icon::Exclamation});
+        return;
+    }
+    bool written = false;
+    if (!m_services.errors.run(fileErrorTitle, [&] { written = appendChosen(); })) {
+        return; // the choices stand, for another try
+    }
+    const MessageBox::Answer answer = m_services.dialogs.show(
+        {.prompt = m_textFile + " Created Successfully!\r\rDo you want to view the file?",
+         .title = "AI Aircraft Loader",
+         .buttons = MessageBox::Buttons::YesNo,
+         .defaultButton = MessageBox::Answer::No});
+    if (answer == MessageBox::Answer::Yes) {
+        m_services.shell.Shellandwait("NOTEPAD.EXE " + m_textFile, 0, 1);
+        if (m_state.ended) {
+            return;
+        }
+    }
+    Tab1cmdReset_Click();
+    ui->lblT1Airport->setText("Airports to Add");
+    ui->Tab1Frame2->setEnabled(false);
+    ui->Tab1cmdBrowse->setEnabled(true);
+    if (m_state.newAirportFlag) {
+        m_state.AddAirportsFlag = m_state.AddAirportsFlag || written;
+        Q_EMIT airportsWrittenForSet();
+        ui->Tab1Command2->click();
+    }
+}
+
+bool AirportLoaderPage::appendChosen()
+{
+    const bool previousShown = !ui->Tab1cmdPrevious->isHidden();
+    if (previousShown) {
+        ui->Tab1cmdPrevious->hide();
+        ui->Tab1lblDragnDrop->hide();
+    }
+    ui->Tab1cmdReset->hide();
+    ui->Tab1ProgressBar1->setRange(0, qMax(1, ui->Tab1lstAICO->count()));
+    ui->Tab1ProgressBar1->setValue(0);
+    ui->Tab1ProgressBar1->show();
+    const auto restore = qScopeGuard([&] {
+        ui->Tab1ProgressBar1->hide();
+        ui->Tab1cmdPrevious->setVisible(previousShown);
+        if (previousShown) {
+            ui->Tab1lblDragnDrop->show();
+        }
+        ui->Tab1cmdReset->show();
+    });
+    m_services.log.write("Adding Airports to " + m_textFile);
+    m_state.ErrMsg = "Open " + m_textFile;
+    files::openForAppend(m_textFile);
+
+    QList<AirportChoice> choices;
+    for (int i = 0; i < ui->Tab1lstAICO->count(); ++i) {
+        const AirportChoice choice = {ui->Tab1lstAICO->text(i), ui->Tab1lstCountry->text(i)};
+        if (!airport_text_file::isExisting(choice.search)) {
+            choices += choice;
+        }
+    }
+    ui->Tab1ListSort->setItems(linesOf(choices));
+    const QStringList lines = ui->Tab1ListSort->items();
+    ui->Tab1ListSort->clear();
+    if (!lines.isEmpty()) {
+        m_state.ErrMsg = "Open " + m_textFile;
+        files::appendLines(m_textFile, basic::encode(lines.join("\r\n") + "\r\n"));
+    }
+    m_services.log.write("Finished Adding Airports");
+    return !lines.isEmpty();
+}
+
+QStringList AirportLoaderPage::linesOf(const QList<AirportChoice> &choices)
+{
+    if (choices.isEmpty()) {
+        return {};
+    }
+    const QByteArray list = master_airport_list::OpenOCX(m_state.ErrMsg);
+    m_state.ErrMsg = "Input Data";
+    Repaint repaint;
+    QStringList lines;
+    for (const ChosenLine &chosen : airport_text_file::chosenLines(list, choices)) {
+        if (repaint.isDue()) {
+            ui->Tab1ProgressBar1->setValue(chosen.choice);
+            Repaint::now();
+        }
+        const QString line = airport_text_file::airportLine(AirportRecord::split(chosen.line));
+        if (lines.isEmpty()) {
+            lines += airport_text_file::addedComment(m_services.clock.now());
+        }
+        m_services.log.write("Adding " + line);
+        lines += line;
+    }
+    return lines;
+}
+
+void AirportLoaderPage::Tab1cmdEdit_Click()
+{
+    const MessageBox::Answer answer = m_services.dialogs.show(
+        {.prompt =
+             "CAUTION!\r\rThese Airports may be used in existing FlightPlans.  Editing or Deleting "
+             "\rAirports may cause FlightPlan or TTools compiler errors.  Use caution when\rwhen "
+             "altering Airport entries.\r\rAre you sure you want to continue?",
+         .title = "Airport Edit Caution",
+         .buttons = MessageBox::Buttons::YesNo,
+         .defaultButton = MessageBox::Answer::No});
+    if (answer != MessageBox::Answer::Yes) {
+        return;
+    }
+    m_services.errors.run(fileErrorTitle, [this] {
+        m_state.ErrMsg = "Edit " + m_textFile;
+        m_services.log.write("Edit Aircraft Listing Edit " + m_textFile);
+        m_services.shell.Shellandwait("NOTEPAD.EXE " + m_textFile, 0, 1);
+        if (m_state.ended) {
+            return;
+        }
+        m_state.ErrMsg = "Open " + m_textFile;
+        const WaitPointer pointer;
+        readTextFile();
+        m_existingCount = ui->Tab1List2->count();
+        focusIfShown(ui->Tab1Command2);
+    });
+}
+
+void AirportLoaderPage::Tab1Command2_Click()
+{
+    if (m_state.newAirportFlag) {
+        Q_EMIT returnToSet();
+    } else {
+        Q_EMIT quitPressed();
+    }
+}

@@ -37,7 +37,7 @@ frmMorlenEditor::frmMorlenEditor(const Outside &outside)
     : m_services(outside),
       ui(std::make_unique<Ui::frmMorlenEditor>()),
       m_aircraftLoader(new AircraftLoaderPage(m_services)),
-      m_airportLoader(new AirportLoaderPage),
+      m_airportLoader(new AirportLoaderPage(m_services)),
       m_fpSet(new FpSetPage(m_services)),
       m_configEditor(new ConfigEditorPage(m_services))
 {
@@ -63,6 +63,9 @@ void frmMorlenEditor::connectPages()
 {
     using Form = frmMorlenEditor;
     connect(m_aircraftLoader, &AircraftLoaderPage::quitPressed, this, &Form::cmdQuit_Click);
+    connect(m_airportLoader, &AirportLoaderPage::quitPressed, this, &Form::quitFromPage1);
+    connect(m_airportLoader, &AirportLoaderPage::returnToSet, this,
+            [this] { ui->SSTab1->setCurrentIndex(fpSetPageNumber); });
     connect(m_fpSet, &FpSetPage::quitPressed, this, &Form::tab2cmdQuit_Click);
     connect(m_aircraftLoader, &AircraftLoaderPage::helpWanted, this, &Form::Tab0Help_Click);
     connect(m_airportLoader, &AirportLoaderPage::helpWanted, this, &Form::tab1Help_Click);
@@ -118,6 +121,7 @@ void frmMorlenEditor::startUp()
     findProgramFolder();
     state.ErrMsg = "FindFSPath 1";
     FindFSPath();
+    m_airportLoader->LoadCountry();
     m_fpSet->prepare();
     state.ErrMsg = "Opening " + m_services.log.path();
     m_services.log.reset();
@@ -256,6 +260,12 @@ void frmMorlenEditor::SSTab1_Click(int page)
 void frmMorlenEditor::cmdQuit_Click()
 {
     m_services.state.LastTab = "0";
+    SaveSettings();
+}
+
+void frmMorlenEditor::quitFromPage1()
+{
+    m_services.state.LastTab = "1";
     SaveSettings();
 }
 

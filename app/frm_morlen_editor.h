@@ -44,6 +44,7 @@ private:
     void Form_MouseMove();
     void SSTab1_Click(int page);
     void cmdQuit_Click();
+    void quitFromPage1();
     void tab2cmdQuit_Click();
     void mnuQuit_Click();
     void mnuTrace_Click();

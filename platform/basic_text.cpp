@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <utility>
+#include <vector>
 
 namespace basic
 {
@@ -190,6 +192,32 @@ QString SequentialInput::next()
         skipLineEnd();
     }
     return value;
+}
+
+void sortBlindToCase(QStringList &texts)
+{
+    // Lowered once, not at each comparison: a list holds thousands.
+    std::vector<std::pair<QString, QString>> keyed;
+    keyed.reserve(static_cast<std::size_t>(texts.size()));
+    for (const QString &text : texts) {
+        keyed.emplace_back(lower(text), text);
+    }
+    if (std::is_sorted(keyed.begin(), keyed.end())) {
+        return;
+    }
+    std::sort(keyed.begin(), keyed.end());
+    std::transform(keyed.begin(), keyed.end(), texts.begin(),
+                   [](const auto &entry) { return entry.second; });
+}
+
+qsizetype sortedPosition(const QStringList &texts, const QString &text)
+{
+    const auto position =
+        std::upper_bound(texts.begin(), texts.end(), std::pair(lower(text), text),
+                         [](const std::pair<QString, QString> &key, const QString &other) {
+                             return key < std::pair(lower(other), other);
+                         });
+    return position - texts.begin();
 }
 
 QString lower(QStringView text)

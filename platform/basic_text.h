@@ -94,6 +94,12 @@ private:
     qsizetype m_position = 0;
 };
 
+/// A list box's own order: ascending, blind to case, ties by plain code order.
+void sortBlindToCase(QStringList &texts);
+
+/// Where a text belongs in a list of that order, behind its equals.
+qsizetype sortedPosition(const QStringList &texts, const QString &text);
+
 /// Lower case, character for character: positions in the result are positions in the text.
 QString lower(QStringView text);
 

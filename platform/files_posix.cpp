@@ -232,19 +232,6 @@ QString spelledName(const dirent &entry)
     return paths::isValidName(name) && QFile::encodeName(name) == entry.d_name ? name : QString();
 }
 
-void sortBlindToCase(QStringList &names)
-{
-    // Lowered once, not at each comparison: an aircraft directory holds thousands.
-    std::vector<std::pair<QString, QString>> keyed;
-    keyed.reserve(static_cast<std::size_t>(names.size()));
-    for (const QString &name : names) {
-        keyed.emplace_back(basic::lower(name), name);
-    }
-    std::sort(keyed.begin(), keyed.end());
-    std::transform(keyed.begin(), keyed.end(), names.begin(),
-                   [](const auto &entry) { return entry.second; });
-}
-
 /// "aircraft*.txt" as a regular expression, blind to case.
 QRegularExpression patternExpression(const QString &pattern)
 {
@@ -373,7 +360,7 @@ QStringList subFolders(const QString &path)
             }
         }
     });
-    sortBlindToCase(names);
+    basic::sortBlindToCase(names);
     return names;
 }
 
@@ -390,7 +377,7 @@ QStringList filesMatching(const QString &path, const QString &pattern)
             names += name;
         }
     });
-    sortBlindToCase(names);
+    basic::sortBlindToCase(names);
     return names;
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/list_box.h"
 
+#include "platform/basic_text.h"
+
 #include <QAbstractListModel>
 #include <QBitArray>
 #include <QFontMetrics>
@@ -41,7 +43,7 @@ public:
 
     Qt::ItemFlags flags(const QModelIndex &index) const override
     {
-        const Qt::ItemFlags flags = QAbstractListModel::flags(index);
+        const Qt::ItemFlags flags = QAbstractListModel::flags(index) | Qt::ItemIsDragEnabled;
         return checkBoxes ? flags | Qt::ItemIsUserCheckable : flags;
     }
 
@@ -54,12 +56,29 @@ public:
         endResetModel();
     }
 
-    void append(const QString &item)
+    /// Before an entry, whose check marks move along with it and all below.
+    void insert(int row, const QString &item)
     {
-        beginInsertRows({}, rowCount(), rowCount());
-        items += item;
+        beginInsertRows({}, row, row);
+        items.insert(row, item);
         checked.resize(items.size());
+        for (qsizetype i = items.size() - 1; i > row; --i) {
+            checked.setBit(i, checked.testBit(i - 1));
+        }
+        checked.clearBit(row);
         endInsertRows();
+    }
+
+    void remove(int row)
+    {
+        setChecked(row, row, false);
+        beginRemoveRows({}, row, row);
+        items.removeAt(row);
+        for (qsizetype i = row; i < items.size(); ++i) {
+            checked.setBit(i, checked.testBit(i + 1));
+        }
+        checked.resize(items.size());
+        endRemoveRows();
     }
 
     void setChecked(int first, int last, bool on)
@@ -167,12 +186,23 @@ const QStringList &ListBox::items() const
 
 void ListBox::setItems(const QStringList &items)
 {
-    m_model->replace(items);
+    QStringList ordered = items;
+    if (m_sorted) {
+        basic::sortBlindToCase(ordered);
+    }
+    m_model->replace(ordered);
 }
 
-void ListBox::addItem(const QString &item)
+int ListBox::addItem(const QString &item)
 {
-    m_model->append(item);
+    const qsizetype index = m_sorted ? basic::sortedPosition(items(), item) : items().size();
+    m_model->insert(static_cast<int>(index), item);
+    return static_cast<int>(index);
+}
+
+void ListBox::removeItem(int index)
+{
+    m_model->remove(index);
 }
 
 bool ListBox::selected(int index) const

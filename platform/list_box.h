@@ -11,6 +11,7 @@ class ListBox : public QListView
 {
     Q_OBJECT
     Q_PROPERTY(bool checkBoxes READ checkBoxes WRITE setCheckBoxes)
+    Q_PROPERTY(bool sorted READ sorted WRITE setSorted)
 
 public:
     explicit ListBox(QWidget *parent = nullptr);
@@ -18,13 +19,19 @@ public:
     bool checkBoxes() const;
     void setCheckBoxes(bool on);
 
+    /// A sorted list keeps its entries ascending, blind to case; for lists without check boxes.
+    bool sorted() const { return m_sorted; }
+
+    void setSorted(bool on) { m_sorted = on; }
+
     int count() const;
     QString text(int index) const; ///< empty for an index there is not
     const QStringList &items() const;
 
     /// Replaces all entries at once; none is current or checked then.
     void setItems(const QStringList &items);
-    void addItem(const QString &item);
+    int addItem(const QString &item); ///< returns where it stands
+    void removeItem(int index);       ///< the entry itself; no other changes its check mark
 
     void clear() { setItems({}); }
 
@@ -46,4 +53,5 @@ protected:
 
 private:
     ListBoxModel *m_model;
+    bool m_sorted = false;
 };

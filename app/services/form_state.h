@@ -24,6 +24,7 @@ struct FormState {
     bool AddAirportsFlag = false;    ///< airports were written for a set not yet created
     bool AddAircraftFlag = false;    ///< aircraft were written
     bool ShowAddAirportHelp = true;  ///< the adding-airports reminder is still to be shown
+    bool newAirportFlag = false;     ///< page 1 was opened for a flight plan set
     bool newAircraftSetOpen = false; ///< "Create New" was used for a set's aircraft, and the set is
                                      ///< neither created nor cleared
     bool reLoadNewPlan = false;      ///< page 0 is to reload for that set; lives as long

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "app/frm_morlen_editor.h"
+#include "tests/support/airport_list.h"
 #include "tests/support/fakes.h"
 #include "tests/support/find_control.h"
 #include "tests/support/sandbox.h"
@@ -28,6 +29,7 @@ public:
         addAircraft("A320", "Airbus Blue", "454");
         sandbox.write(textFile, "AC#4,477,\"Boeing Blue\"\r\n");
         sandbox.write("C:\\TTools\\TTools.exe", "#!/bin/sh\n");
+        sandbox.write("C:\\windows\\system32\\ZENTAM.OCX", smallAirportList);
     }
 
     void addAircraft(const QString &folder, const QByteArray &title, const QByteArray &speed) const

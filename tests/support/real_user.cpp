@@ -39,6 +39,11 @@ void tool(const QString &program, const QStringList &arguments)
     }
 }
 
+void movePointer(const QPoint &place)
+{
+    tool("xdotool", {"mousemove", QString::number(place.x()), QString::number(place.y())});
+}
+
 QMessageBox *openBox()
 {
     return qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
@@ -88,8 +93,7 @@ void RealUser::await(const QString &what, const std::function<bool()> &isSo)
 
 void RealUser::clickAt(const QPoint &global, int times)
 {
-    tool("xdotool",
-         {"mousemove", "--sync", QString::number(global.x()), QString::number(global.y())});
+    movePointer(global);
     tool("xdotool", {"click", "--repeat", QString::number(times), "--delay", "60", "1"});
 }
 
@@ -98,21 +102,30 @@ QPoint RealUser::centre(QWidget *widget)
     return inProgram([=] { return widget->mapToGlobal(widget->rect().center()); });
 }
 
-void RealUser::click(const QString &control)
+QWidget *RealUser::shown(const QString &control)
 {
     QWidget *widget = nullptr;
     await(control, [&] {
-        widget = m_window.findChild<QWidget *>(control);
+        for (QWidget *window :
+             {static_cast<QWidget *>(&m_window), QApplication::activeModalWidget()}) {
+            if (window != nullptr && widget == nullptr) {
+                widget = window->findChild<QWidget *>(control);
+            }
+        }
         return widget != nullptr && widget->isVisible() && widget->isEnabled();
     });
-    clickAt(centre(widget));
+    return widget;
+}
+
+void RealUser::click(const QString &control)
+{
+    clickAt(centre(shown(control)));
 }
 
 void RealUser::moveTo(const QString &control)
 {
     const QPoint place = centre(m_window.findChild<QWidget *>(control));
-    tool("xdotool",
-         {"mousemove", "--sync", QString::number(place.x()), QString::number(place.y())});
+    movePointer(place);
 }
 
 QPoint RealUser::entryPosition(const QString &list, int row, bool checkBox)
@@ -145,6 +158,30 @@ void RealUser::clickEntry(const QString &list, int row)
 void RealUser::doubleClickEntry(const QString &list, int row)
 {
     clickAt(entryPosition(list, row, false), 2);
+}
+
+void RealUser::beginDrag(const QString &list, int row, const QString &target)
+{
+    const QPoint start = entryPosition(list, row, false);
+    const QPoint end = centre(shown(target));
+    movePointer(start);
+    tool("xdotool", {"mousedown", "1"});
+    // In steps, as a hand does: the first one starts the drag, the others tell the target of it.
+    for (int step = 1; step <= 8; ++step) {
+        movePointer(start + (end - start) * step / 8);
+    }
+    movePointer(end + QPoint(3, 3));
+}
+
+void RealUser::drop()
+{
+    tool("xdotool", {"mouseup", "1"});
+}
+
+void RealUser::dragEntry(const QString &list, int row, const QString &target)
+{
+    beginDrag(list, row, target);
+    drop();
 }
 
 void RealUser::clickTab(int page)

@@ -23,6 +23,10 @@ public:
     void clickCheckBox(const QString &list, int row);
     void clickEntry(const QString &list, int row);
     void doubleClickEntry(const QString &list, int row);
+    void dragEntry(const QString &list, int row, const QString &target); ///< and drops it there
+    /// Drags an entry over a control and leaves it there, the button still down.
+    void beginDrag(const QString &list, int row, const QString &target);
+    void drop();
     void clickTab(int page);
     void moveTo(const QString &control);
     void press(const QString &keys); ///< as xdotool names them: "Return", "ctrl+q"
@@ -47,6 +51,7 @@ private:
     void clickAt(const QPoint &global, int times = 1);
     QPoint entryPosition(const QString &list, int row, bool checkBox);
     QPoint centre(QWidget *widget);
+    QWidget *shown(const QString &control);
 
     QMainWindow &m_window;
 };
