@@ -16,6 +16,7 @@ namespace benchmark_tree
 namespace
 {
 
+const QString airportList = QStringLiteral("C:\\windows\\system32\\ZENTAM.OCX");
 constexpr int folderCount = 5000;
 constexpr int titlesPerFolder = 4;
 
@@ -83,6 +84,27 @@ void make(const Sandbox &sandbox)
                       aircraftCfg(folder));
     }
     sandbox.write(textFile, existingLines().join("\r\n").toLatin1() + "\r\n");
+}
+
+void addAirportList(const Sandbox &sandbox)
+{
+    QFile shipped(MORLEN_AIRPORT_LIST);
+    if (!shipped.open(QIODevice::ReadOnly)) {
+        qFatal("no airport list");
+    }
+    sandbox.write(airportList, shipped.readAll());
+}
+
+qint64 readAirportList(const Sandbox &sandbox)
+{
+    QFile file(sandbox.host(airportList));
+    qint64 total = 0;
+    if (file.open(QIODevice::ReadOnly)) {
+        while (!file.atEnd()) {
+            total += file.readLine().size();
+        }
+    }
+    return total;
 }
 
 qint64 bareWalk(const Sandbox &sandbox)

@@ -17,6 +17,12 @@ inline const QString textFile = QStringLiteral("C:\\TTools\\Aircraft_Bench.txt")
 /// same tree every time.
 void make(const Sandbox &sandbox);
 
+/// Lays the airport list where the program looks for it.
+void addAirportList(const Sandbox &sandbox);
+
+/// Reads the airport list line by line, and does nothing with it. Returns the bytes.
+qint64 readAirportList(const Sandbox &sandbox);
+
 /// Opens, reads whole and closes the aircraft.cfg of every folder and the text file. Returns the
 /// bytes.
 qint64 bareWalk(const Sandbox &sandbox);
