@@ -2,15 +2,71 @@
 #include "app/frm_about.h"
 
 #include "app/version.h"
+#include "platform/files.h"
 
 #include "ui_frm_about.h"
 
-frmAbout::frmAbout(QWidget *parent) : QDialog(parent), ui(std::make_unique<Ui::frmAbout>())
+namespace
+{
+
+const QString sharedTools = QStringLiteral("SOFTWARE\\Microsoft\\Shared Tools");
+constexpr int normalWindow = 1;
+
+/// The text of a machine value; a number's is its hexadecimal notation. Empty without one.
+QString machineText(const Registry &registry, const QString &key, const QString &name)
+{
+    const std::optional<RegistryData> data = registry.value(RegistryHive::LocalMachine, key, name);
+    if (!data) {
+        return {};
+    }
+    const auto *const number = std::get_if<std::uint32_t>(&*data);
+    return number != nullptr ? "&h" + QString::number(*number, 16).toUpper()
+                             : std::get<QString>(*data);
+}
+
+/// The system information tool; empty when the registry knows none.
+QString systemInformationTool(const Registry &registry)
+{
+    const QString path = machineText(registry, sharedTools + "\\MSINFO", "PATH");
+    if (!path.isEmpty()) {
+        return path;
+    }
+    const QString folder = machineText(registry, sharedTools + " Location", "MSINFO");
+    const QString tool = folder + "\\MSINFO32.EXE";
+    return !folder.isEmpty() && files::exists(tool) && !files::isFolder(tool) ? tool : QString();
+}
+
+/// Starts a program, and says whether that could be done.
+bool started(ProcessStarter &processes, const QString &program)
+{
+    try {
+        processes.start(program, normalWindow);
+        return true;
+    } catch (const RuntimeError &) {
+        return false; // registered, and gone
+    }
+}
+
+} // namespace
+
+frmAbout::frmAbout(Services &services, QWidget *parent)
+    : QDialog(parent), m_services(services), ui(std::make_unique<Ui::frmAbout>())
 {
     ui->setupUi(this);
     setWindowTitle("About " + ui->lblTitle->text());
     ui->lblVersion->setText("Version " + programVersion());
+    ui->lblOsVersion->setText("Operating system: " + m_services.state.osVersion);
     connect(ui->cmdOK, &QPushButton::clicked, this, &QDialog::accept);
+    connect(ui->cmdSysInfo, &QPushButton::clicked, this, &frmAbout::cmdSysInfo_Click);
 }
 
 frmAbout::~frmAbout() = default;
+
+void frmAbout::cmdSysInfo_Click()
+{
+    const QString tool = systemInformationTool(m_services.registry);
+    if (tool.isEmpty() || !started(m_services.processes, tool)) {
+        m_services.dialogs.show({.prompt = "System Information Is Unavailable At This Time",
+                                 .title = ui->lblTitle->text()});
+    }
+}

@@ -2,6 +2,8 @@
 // The About box.
 #pragma once
 
+#include "app/services/services.h"
+
 #include <QDialog>
 
 #include <memory>
@@ -16,9 +18,12 @@ class frmAbout : public QDialog
     Q_OBJECT
 
 public:
-    explicit frmAbout(QWidget *parent = nullptr);
+    explicit frmAbout(Services &services, QWidget *parent = nullptr);
     ~frmAbout() override;
 
 private:
+    void cmdSysInfo_Click();
+
+    Services &m_services;
     std::unique_ptr<Ui::frmAbout> ui;
 };

@@ -3,7 +3,10 @@
 
 #include "aircraft_loader/aircraft_loader_page.h"
 #include "airport_loader/airport_loader_page.h"
+#include "app/cls_os.h"
 #include "app/frm_about.h"
+#include "app/frm_add_airport_help.h"
+#include "app/frm_splash.h"
 #include "app/services/fs_location.h"
 #include "app/version.h"
 #include "config_editor/config_editor_page.h"
@@ -12,6 +15,7 @@
 #include "platform/control_style.h"
 #include "platform/files.h"
 #include "platform/paths.h"
+#include "platform/repaint.h"
 
 #include <QCloseEvent>
 
@@ -64,6 +68,19 @@ void frmMorlenEditor::connectPages()
     using Form = frmMorlenEditor;
     connect(m_aircraftLoader, &AircraftLoaderPage::quitPressed, this, &Form::cmdQuit_Click);
     connect(m_airportLoader, &AirportLoaderPage::quitPressed, this, &Form::quitFromPage1);
+    connect(m_airportLoader, &AirportLoaderPage::countriesLoading, this, [this](int lines) {
+        if (m_splash) {
+            m_splash->setProgressRange(0, lines);
+            m_splash->setStatus("Loading....");
+        }
+    });
+    connect(m_airportLoader, &AirportLoaderPage::countryLineRead, this, [this](int number) {
+        if (m_splash) {
+            m_splash->setProgress(number);
+        }
+    });
+    connect(m_airportLoader, &AirportLoaderPage::reminderDue, this,
+            [this] { frmAddAirportHelp(m_services.state, this).exec(); });
     connect(m_airportLoader, &AirportLoaderPage::returnToSet, this,
             [this] { ui->SSTab1->setCurrentIndex(fpSetPageNumber); });
     connect(m_fpSet, &FpSetPage::quitPressed, this, &Form::tab2cmdQuit_Click);
@@ -110,13 +127,17 @@ void frmMorlenEditor::Form_Load()
     m_services.errors.run("Form Load Error", [this] { startUp(); });
     // Whatever failed, the window comes up and can be used.
     show();
+    m_splash.reset();
     ui->SSTab1->show();
 }
 
 void frmMorlenEditor::startUp()
 {
     FormState &state = m_services.state;
+    state.osVersion = clsOS(systemVersion()).text();
     state.ShowAddAirportHelp = true;
+    m_splash = std::make_unique<frmSplash>();
+    m_splash->showPainted();
     setWindowTitle("Morlen Utilities - Version " + programVersion());
     findProgramFolder();
     state.ErrMsg = "FindFSPath 1";
@@ -143,6 +164,8 @@ void frmMorlenEditor::startUp()
     m_fpSet->enableNaming();
     m_configEditor->showFirstAircraft();
     show();
+    Repaint::now();
+    m_splash.reset();
     ui->SSTab1->show();
     selectPage(lastTab);
 }
@@ -374,7 +397,7 @@ void frmMorlenEditor::openHelp(const QString &relativePath)
 
 void frmMorlenEditor::lblAbout_Click()
 {
-    frmAbout(this).exec();
+    frmAbout(m_services, this).exec();
 }
 
 void frmMorlenEditor::lblHelp_Click()

@@ -19,6 +19,7 @@ class AircraftLoaderPage;
 class AirportLoaderPage;
 class ConfigEditorPage;
 class FpSetPage;
+class frmSplash;
 class LinkLabel;
 
 class frmMorlenEditor : public QMainWindow
@@ -82,5 +83,6 @@ private:
     AirportLoaderPage *m_airportLoader;
     FpSetPage *m_fpSet;
     ConfigEditorPage *m_configEditor;
-    QList<LinkLabel *> m_hotLabels; ///< shown bold under the mouse
+    std::unique_ptr<frmSplash> m_splash; ///< while the program loads
+    QList<LinkLabel *> m_hotLabels;      ///< shown bold under the mouse
 };

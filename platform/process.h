@@ -36,6 +36,10 @@ public:
     /// Opens a document (Windows path) with the program it belongs to, as a double-click would.
     /// Throws RuntimeError: File not found (53), for the document or for a program to open it with.
     virtual void openDocument(const QString &path) = 0;
+
+    /// Shows the top-level window of exactly this caption and brings it to the front. Returns
+    /// whether there is one; where other programs' windows cannot be seen there is none.
+    virtual bool raiseWindow(const QString &caption) = 0;
 };
 
 /// The programs and documents of this machine.
@@ -44,4 +48,5 @@ class SystemProcesses : public ProcessStarter
 public:
     std::unique_ptr<Process> start(const QString &commandLine, int windowStyle) override;
     void openDocument(const QString &path) override;
+    bool raiseWindow(const QString &caption) override;
 };

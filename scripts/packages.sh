@@ -1,5 +1,5 @@
 # The Debian packages the project needs; the scripts read this file.
-build_packages=(g++ cmake ninja-build qt6-base-dev qt6-base-dev-tools libgl1-mesa-dev)
+build_packages=(g++ cmake ninja-build qt6-base-dev qt6-base-dev-tools libgl1-mesa-dev libxcb1-dev pkg-config)
 display_packages=(python3 xvfb xauth openbox xdotool x11-utils imagemagick fonts-dejavu-core)
 check_packages=(clang-format clang-tidy)
 benchmark_packages=(libbenchmark-dev)

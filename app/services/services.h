@@ -17,6 +17,7 @@ struct Outside {
 struct Services {
     explicit Services(const Outside &outside)
         : registry(outside.registry),
+          processes(outside.processes),
           dialogs(outside.dialogs),
           clock(outside.clock),
           log(state, clock),
@@ -27,6 +28,7 @@ struct Services {
 
     FormState state;
     Registry &registry;
+    ProcessStarter &processes;
     Dialogs &dialogs;
     const Clock &clock;
     TraceLog log;

@@ -456,15 +456,18 @@ void TestMainWindow::aboutShowsNameAndVersion()
     program.start();
     QString caption;
     QString version;
+    QString system;
     QTimer::singleShot(0, program.window.get(), [&] {
         const QWidget *about = QApplication::activeModalWidget();
         caption = about->windowTitle();
         version = findControl<QLabel>(*about, "lblVersion")->text();
+        system = findControl<QLabel>(*about, "lblOsVersion")->text();
         findControl<QPushButton>(*about, "cmdOK")->click();
     });
     program.find<QAction>("mnuAbout")->trigger();
     QCOMPARE(caption, QString("About Morlen Utilities"));
     QCOMPARE(version, QString("Version 1.5.4"));
+    QCOMPARE(system, "Operating system: " + program.window->state().osVersion);
 }
 
 void TestMainWindow::directoryChosenOnPage3IsTakenOverByPage0()

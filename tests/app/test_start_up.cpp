@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // How the program comes up, with and without a previous run.
+#include "app/cls_os.h"
 #include "platform/dir_list_box.h"
 #include "platform/drive_list_box.h"
 #include "platform/list_box.h"
@@ -8,9 +9,30 @@
 #include <QAction>
 #include <QGroupBox>
 #include <QLineEdit>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QtTest>
+
+namespace
+{
+
+/// The splash, when it is on the screen.
+QWidget *shownSplash()
+{
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const auto found = std::find_if(windows.begin(), windows.end(), [](const QWidget *window) {
+        return window->objectName() == "frmSplash" && window->isVisible();
+    });
+    return found == windows.end() ? nullptr : *found;
+}
+
+bool isSplashShown()
+{
+    return shownSplash() != nullptr;
+}
+
+} // namespace
 
 class TestStartUp : public QObject
 {
@@ -18,6 +40,10 @@ class TestStartUp : public QObject
 
 private Q_SLOTS:
     void captionNamesProgramAndVersion();
+    void systemIsNamedWithItsVersion();
+    void splashStandsFromTheStartUntilTheWindowIsUp();
+    void splashShowsHowFarTheCountriesAreLoaded();
+    void splashIsGoneAfterAStartThatFailedHalfWay();
     void programFolderIsTheCurrentDirectory();
     void developmentFolderWinsOverTheCurrentDirectory();
     void firstRunCreatesAnEmptySettingsFileAndShowsPage0();
@@ -59,6 +85,66 @@ void TestStartUp::captionNamesProgramAndVersion()
 {
     Program program;
     QCOMPARE(program.start().windowTitle(), QString("Morlen Utilities - Version 1.5.4"));
+}
+
+void TestStartUp::systemIsNamedWithItsVersion()
+{
+    Program program;
+    const clsOS os(systemVersion());
+    QCOMPARE(program.start().state().osVersion, os.name() + ' ' + os.version());
+}
+
+void TestStartUp::splashStandsFromTheStartUntilTheWindowIsUp()
+{
+    // The searches for the simulator fail while the program loads: the box shows what is there.
+    Program program;
+    program.outside.registry.installFs9("C:\\Gone");
+    QList<bool> splash;
+    QList<bool> window;
+    program.outside.dialogs.whileShown = [&] {
+        splash += isSplashShown();
+        window += program.window->isVisible();
+    };
+    program.start();
+    QCOMPARE(splash, (QList<bool>{true, true}));
+    QCOMPARE(window, (QList<bool>{false, false}));
+    QVERIFY(!isSplashShown());
+    QVERIFY(program.window->isVisible());
+}
+
+void TestStartUp::splashShowsHowFarTheCountriesAreLoaded()
+{
+    Program program;
+    program.sandbox.write("C:\\windows\\system32\\ZENTAM.OCX",
+                          QByteArray("Chad||Abeche|FTTC|Abeche|FTTC\r\n").repeated(24000));
+    // A later step fails, and its box shows what is there.
+    program.sandbox.write(Program::settingsFile, "just one long line\r\n");
+    QString status;
+    int maximum = 0;
+    int value = 0;
+    program.outside.dialogs.whileShown = [&] {
+        const QWidget *splash = shownSplash();
+        status = findControl<QLabel>(*splash, "lblStatus")->text();
+        maximum = findControl<QProgressBar>(*splash, "ProgressBar1")->maximum();
+        value = findControl<QProgressBar>(*splash, "ProgressBar1")->value();
+    };
+    program.start();
+    QCOMPARE(status, QString("Loading...."));
+    QCOMPARE(maximum, 24000);
+    QCOMPARE(value, 24000);
+    QCOMPARE(program.outside.dialogs.boxes.last().title, QString("Form Load Error"));
+}
+
+void TestStartUp::splashIsGoneAfterAStartThatFailedHalfWay()
+{
+    Program program;
+    program.sandbox.write(Program::settingsFile, "just one long line\r\n");
+    bool shown = false;
+    program.outside.dialogs.whileShown = [&] { shown = isSplashShown(); };
+    program.start();
+    QVERIFY(shown);
+    QVERIFY(!isSplashShown());
+    QVERIFY(program.window->isVisible());
 }
 
 void TestStartUp::programFolderIsTheCurrentDirectory()

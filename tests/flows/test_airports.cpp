@@ -43,6 +43,7 @@ class TestAirports : public QObject
 
 private Q_SLOTS:
     void countryAndAirportAreDraggedAndAppended();
+    void reminderComesOnceUntilItIsSwitchedOff();
     void choiceIsDraggedBack();
     void existingAirportCannotBeDragged();
     void dropElsewhereChangesNothing();
@@ -88,6 +89,25 @@ void TestAirports::countryAndAirportAreDraggedAndAppended()
     QCOMPARE(added.sliced(added.indexOf('\n') + 1),
              QByteArray("EDDM,N48* 21.22',E11* 47.17',1487       //M\xFCnchen, , Germany\r\n"
                         "MKJP,N17* 56.15',W76* 47.25',10         //Kingston, , Jamaica\r\n"));
+}
+
+void TestAirports::reminderComesOnceUntilItIsSwitchedOff()
+{
+    AirportProgram program;
+    program.remember("1", "True");
+    const QString problem = program.use([&](RealUser &user) {
+        user.click("Tab1cmdBrowse");
+        user.click("Check1");
+        RealUser::shoot("reminder");
+        user.click("Command1");
+        user.chooseFile(program.sandbox.host(airportFile));
+        user.await("the airport", [&] { return program.list("Tab1List2")->count() == 1; });
+        program.chooseFile(user); // no reminder stands before the second dialog
+        user.press("ctrl+q");
+        user.answer("Yes");
+    });
+    QCOMPARE(problem, QString());
+    QVERIFY(program.sandbox.read("C:\\Morlen\\MorlenE.ini").endsWith("\r\nFalse\r\n"));
 }
 
 void TestAirports::choiceIsDraggedBack()

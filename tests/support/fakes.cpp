@@ -95,6 +95,15 @@ void FakeProcesses::openDocument(const QString &path)
     documents += path;
 }
 
+bool FakeProcesses::raiseWindow(const QString &caption)
+{
+    const bool isThere = windows.contains(caption);
+    if (isThere) {
+        raised += caption;
+    }
+    return isThere;
+}
+
 QDateTime FakeClock::now() const
 {
     const QDateTime read = time;

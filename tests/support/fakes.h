@@ -55,9 +55,12 @@ class FakeProcesses : public ProcessStarter
 public:
     std::unique_ptr<Process> start(const QString &commandLine, int windowStyle) override;
     void openDocument(const QString &path) override;
+    bool raiseWindow(const QString &caption) override;
 
     QStringList started; ///< command lines
     QList<int> windowStyles;
+    QStringList windows;   ///< captions of other programs' windows
+    QStringList raised;    ///< captions
     QStringList documents; ///< opened with their programs
     QList<int> exitCodes = {0};
     bool cannotBeWatched = false;

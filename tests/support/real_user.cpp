@@ -106,12 +106,8 @@ QWidget *RealUser::shown(const QString &control)
 {
     QWidget *widget = nullptr;
     await(control, [&] {
-        for (QWidget *window :
-             {static_cast<QWidget *>(&m_window), QApplication::activeModalWidget()}) {
-            if (window != nullptr && widget == nullptr) {
-                widget = window->findChild<QWidget *>(control);
-            }
-        }
+        QWidget *const modal = QApplication::activeModalWidget();
+        widget = (modal != nullptr ? modal : &m_window)->findChild<QWidget *>(control);
         return widget != nullptr && widget->isVisible() && widget->isEnabled();
     });
     return widget;

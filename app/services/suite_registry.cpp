@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+#include "app/services/suite_registry.h"
+
+#include "platform/basic_text.h"
+#include "platform/paths.h"
+
+namespace suite_registry
+{
+
+namespace
+{
+
+const QString suite = QStringLiteral("SOFTWARE\\Ostrel\\Morlen Utilities\\");
+const QString pellara = QStringLiteral("SOFTWARE\\Ostrel\\Pellara\\");
+const QString varlo = QStringLiteral("SOFTWARE\\Ostrel\\Varlo\\");
+
+QString userText(const Registry &registry, const QString &key, const QString &name)
+{
+    return registry.text(RegistryHive::CurrentUser, key, name).value_or(QString());
+}
+
+void writeUserText(Registry &registry, const QString &key, const QString &name, const QString &text)
+{
+    registry.createKey(RegistryHive::CurrentUser, key);
+    registry.setValue(RegistryHive::CurrentUser, key, name, text);
+}
+
+} // namespace
+
+void CheckRegistry(Registry &registry, FormState &state, const QString &caption)
+{
+    state.ErrMsg = "Check for MorlenE exe_Path";
+    state.RegValue = userText(registry, suite + "Path", "Exe_Path");
+    if (state.RegValue.isEmpty()) {
+        state.ErrMsg = "Create MorlenE Keys";
+        writeUserText(registry, suite + "Path", "Exe_Path", state.MorlenEDir + "MorlenEditor.exe");
+        writeUserText(registry, suite + "Caption", "Caption", caption);
+    } else {
+        state.ErrMsg = "Check for MorlenE Caption";
+        if (userText(registry, suite + "Caption", "Caption") != caption) {
+            writeUserText(registry, suite + "Caption", "Caption", caption);
+        }
+    }
+    state.ErrMsg = "Check for Pellara Exe_Path";
+    state.PellaraPath = userText(registry, pellara + "Path", "Exe_Path");
+    state.VarloPath = userText(registry, varlo + "Path", "Exe_Path");
+    state.ErrMsg = "Check for Pellara Caption";
+    state.PellaraCaption = userText(registry, pellara + "Caption", "Caption");
+}
+
+QString folderOf(const QString &registeredPath, const QString &program)
+{
+    const qsizetype end = basic::lower(registeredPath).indexOf(basic::lower('\\' + program));
+    return end < 0 ? registeredPath : registeredPath.first(end);
+}
+
+void launch(ProcessStarter &processes, const QString &registeredPath, const QString &program,
+            const QString &caption)
+{
+    const QString folder = folderOf(registeredPath, program);
+    const bool isRunning = processes.raiseWindow(caption);
+    paths::setCurrentDirectory(folder.endsWith(':') ? folder + '\\' : folder);
+    if (!isRunning) {
+        processes.start('"' + paths::join(folder, program) + '"', 1);
+    }
+}
+
+} // namespace suite_registry
