@@ -81,6 +81,7 @@ void AircraftLoaderPage::LoadList()
     const WaitPointer pointer;
     m_services.errors.run("LoadList Error", [this] {
         const auto show = qScopeGuard([this] { showLists(true); });
+        m_state.ErrMsg = "Opening " + m_services.log.path();
         m_services.log.write(TraceLog::banner("LoadList Function Started"));
         ui->Tab0List1->clear();
         ui->Tab0List2->clear();
@@ -463,7 +464,13 @@ QString AircraftLoaderPage::shownDirectory() const
 
 void AircraftLoaderPage::openDirectory(const QString &directory)
 {
+    const QString before = ui->Dir1->path();
     ui->Dir1->setPath(directory);
+    // The picker begins in the current directory: opened again it fires no change.
+    if (ui->Dir1->path() == before &&
+        m_state.AirCraftDir.compare(before, Qt::CaseInsensitive) != 0) {
+        Dir1_Change();
+    }
 }
 
 void AircraftLoaderPage::followDirectory(const QString &directory)

@@ -358,6 +358,7 @@ void AirportLoaderPage::Tab1cmdBrowse_Click()
         m_services.log.write("Selecting Airport Text File " + m_textFile);
         if (m_textFile.isEmpty()) {
             showFilePrompt();
+            ui->Tab1cmdEdit->setEnabled(false);
             return;
         }
         ui->Tab1lblAirportTextFileName->setText(shortenedPath(m_textFile, pathLimit));

@@ -18,6 +18,7 @@
 #include "platform/repaint.h"
 
 #include <QCloseEvent>
+#include <QMouseEvent>
 
 #include <array>
 #include <utility>
@@ -112,6 +113,8 @@ void frmMorlenEditor::connectHover()
         widget->setMouseTracking(true);
     }
     setMouseTracking(true);
+    m_bareAreas = {centralWidget(), ui->frmLeveler, ui->SSTab1,    m_aircraftLoader,
+                   m_airportLoader, m_fpSet,        m_configEditor};
 }
 
 void frmMorlenEditor::followOnPage3(const QString &directory)
@@ -142,6 +145,7 @@ void frmMorlenEditor::startUp()
     findProgramFolder();
     state.ErrMsg = "FindFSPath 1";
     FindFSPath();
+    state.CommandLine = QCoreApplication::arguments().sliced(1).join(' ');
     m_airportLoader->LoadCountry();
     m_fpSet->prepare();
     state.ErrMsg = "Opening " + m_services.log.path();
@@ -271,6 +275,7 @@ void frmMorlenEditor::SSTab1_Click(int page)
                                                  "AI Airport Tab Selected",
                                                  "Create FP Tab Selected", "Edit Tab Selected"};
     m_services.errors.run("Tab Select Error", [&] {
+        m_services.state.ErrMsg = "Opening " + m_services.log.path();
         m_services.log.write(TraceLog::banner(names.at(static_cast<std::size_t>(page))));
     });
     if (page == 0) {
@@ -379,7 +384,11 @@ void frmMorlenEditor::heat(LinkLabel *label)
 
 void frmMorlenEditor::mouseMoveEvent(QMouseEvent *event)
 {
-    Form_MouseMove();
+    // Pages and the tab control's own area are bare form too; buttons, lists and labels are not.
+    const QWidget *const under = childAt(event->position().toPoint());
+    if (under == nullptr || m_bareAreas.contains(under)) {
+        Form_MouseMove();
+    }
     QMainWindow::mouseMoveEvent(event);
 }
 

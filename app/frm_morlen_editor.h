@@ -84,5 +84,7 @@ private:
     FpSetPage *m_fpSet;
     ConfigEditorPage *m_configEditor;
     std::unique_ptr<frmSplash> m_splash; ///< while the program loads
-    QList<LinkLabel *> m_hotLabels;      ///< shown bold under the mouse
+    QList<LinkLabel *> m_hotLabels;
+    QList<const QWidget *>
+        m_bareAreas; ///< where the mouse takes the bold away      ///< shown bold under the mouse
 };

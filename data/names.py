@@ -8,6 +8,7 @@ COUNTRIES: dict[str, str] = {
     "GN": "Guinea, Republic of",
     "NE": "Niger, Republic of",
     "ST": "São Tomé and Príncipe",
+    "TL": "East Timor",
     "UM": "U.S. Minor Outlying Islands",
 }
 

@@ -292,9 +292,13 @@ void writeAll(const QString &path, const QByteArray &bytes)
     if (old.get() < 0 && errno != ENOENT) {
         throwErrno(errno, ErrorNumber::FileNotFound);
     }
+    struct stat info = {};
+    const bool isDevice =
+        old.get() >= 0 && ::fstat(old.get(), &info) == 0 && !S_ISREG(info.st_mode);
     QSaveFile file(QFile::decodeName(host));
-    if (!file.open(QIODevice::WriteOnly)) {
-        // The folder takes no new files, but the file itself may be written.
+    if (isDevice || !file.open(QIODevice::WriteOnly)) {
+        // A device is not to be replaced; or the folder takes no new files, but the file itself may
+        // be written.
         Handle direct(openOrThrow(host, O_WRONLY | O_CREAT | O_TRUNC));
         const WriteResult result = writeBytes(direct.get(), bytes);
         if (result.error != 0) {

@@ -37,8 +37,9 @@ void backUp(const QString &path, QString &ErrMsg)
     for (int number = 1; number <= generationsExamined; ++number) {
         present += isPresent(generation(path, number), ErrMsg) ? 1 : 0;
     }
-    ErrMsg = "File Copy Backup";
-    if (present == 1) {
+    if (present == 0) {
+        ErrMsg = "File Copy Backup";
+    } else {
         files::copy(generation(path, 1), generation(path, 2));
         files::remove(generation(path, 1));
     }

@@ -9,6 +9,7 @@
 struct FormState {
     QString LastTab;                 ///< page restored at the next start, as text
     QString osVersion;               ///< operating system, name and version
+    QString CommandLine;             ///< what the program was started with
     QString ErrMsg;                  ///< the step about to be done, for error reports
     QString TraceMsg;                ///< the text the next WriteToLog writes
     QString RegValue;                ///< the simulator's installation folder as last looked up

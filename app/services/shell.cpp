@@ -84,7 +84,7 @@ bool Shell::Shellandwait(const QString &ExeFullPath, int TimeOutValue, int Windo
 
 void Shell::waitFor(Process &process, int TimeOutValue, int start) const
 {
-    int end = start + TimeOutValue;
+    qint64 end = qint64{start} + TimeOutValue;
     const bool passesMidnight = TimeOutValue > 0 && end >= secondsADay;
     if (passesMidnight) {
         end -= secondsADay;

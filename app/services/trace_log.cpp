@@ -4,7 +4,7 @@
 #include "platform/basic_text.h"
 #include "platform/files.h"
 
-#include <QLocale>
+#include <QRegularExpression>
 
 QString TraceLog::path() const
 {
@@ -74,12 +74,17 @@ QString TraceLog::banner(const QString &text)
     return cut("***" + text + QString(80, '*'));
 }
 
+QString TraceLog::timeFormat(const QLocale &locale)
+{
+    // The long format ends in the time zone ("t", in brackets somewhere), which nobody reads here.
+    static const QRegularExpression zone("\\s*\\(?t+\\)?");
+    return locale.timeFormat(QLocale::LongFormat).remove(zone).trimmed();
+}
+
 QString TraceLog::dateAndTime() const
 {
     const QDateTime now = m_clock.now();
     const QLocale locale = QLocale::system();
-    // The long format ends in the time zone ("t"), which nobody reads here.
-    const QString timeFormat = locale.timeFormat(QLocale::LongFormat).remove('t').trimmed();
     return locale.toString(now.date(), QLocale::ShortFormat) + ' ' +
-           locale.toString(now.time(), timeFormat);
+           locale.toString(now.time(), timeFormat(locale));
 }

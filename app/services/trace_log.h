@@ -5,6 +5,8 @@
 #include "app/services/form_state.h"
 #include "platform/clock.h"
 
+#include <QLocale>
+
 class TraceLog
 {
 public:
@@ -35,6 +37,9 @@ public:
 
     /// The first 69 characters.
     static QString cut(const QString &text) { return text.first(qMin<qsizetype>(text.size(), 69)); }
+
+    /// A locale's long time format without the time zone.
+    static QString timeFormat(const QLocale &locale);
 
 private:
     void append(const QString &line) const;

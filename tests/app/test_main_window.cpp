@@ -60,6 +60,10 @@ private Q_SLOTS:
     void traceLogThatCannotBeWrittenIsReported();
     void nextStartComesBackToTheSamePlace();
     void labelTurnsBoldUnderTheMouseUntilTheFormIsReached();
+    void controlsTakeNoBoldAway();
+    void selectingAPagePlacesTheFocus();
+    void quitOfPage1StoresPage1();
+    void frameOfTheCurrentStepLeavesItsControlsAlone();
     void helpLinksOpenTheirPages_data();
     void helpLinksOpenTheirPages();
     void helpChangesToTheProgramFolderFirst();
@@ -413,6 +417,57 @@ void TestMainWindow::labelTurnsBoldUnderTheMouseUntilTheFormIsReached()
     QVERIFY(!help->isBold());
     QVERIFY(!about->isBold());
     QVERIFY(!pageHelp->isBold());
+}
+
+void TestMainWindow::controlsTakeNoBoldAway()
+{
+    Program program;
+    program.start();
+    auto *help = program.find<LinkLabel>("lblHelp");
+    for (const char *control : {"cmdQuit", "Tab0Label1", "lblFSPath"}) {
+        moveOver(help);
+        moveOver(program.find<QWidget>(control));
+        QVERIFY2(help->isBold(), control);
+    }
+    moveOver(program.window->centralWidget(), {1, 1});
+    QVERIFY(!help->isBold());
+}
+
+void TestMainWindow::selectingAPagePlacesTheFocus()
+{
+    Program program;
+    program.remember("1", "C:\\TTools\\TTools.exe", "c:", Program::aircraftDir.toLatin1(),
+                     Program::textFile.toLatin1(), "True");
+    program.start();
+    program.window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(program.window.get()));
+    auto *tabs = program.find<QTabWidget>("SSTab1");
+    tabs->setCurrentIndex(0);
+    QCOMPARE(QApplication::focusWidget()->objectName(), QString("cmdBrowseText"));
+}
+
+void TestMainWindow::quitOfPage1StoresPage1()
+{
+    Program program;
+    program.rememberUsualRun("1");
+    program.start();
+    program.outside.dialogs.answers = {Answer::Yes};
+    program.find<QPushButton>("Tab1Command2")->click();
+    QVERIFY(program.sandbox.read(Program::settingsFile).startsWith("1\r\n"));
+}
+
+void TestMainWindow::frameOfTheCurrentStepLeavesItsControlsAlone()
+{
+    Program program;
+    program.remember("2", "C:\\TTools\\TTools.exe", "c:", Program::aircraftDir.toLatin1(),
+                     Program::textFile.toLatin1(), "True");
+    program.start();
+    const auto *frame = program.find<QGroupBox>("tab2Frame12");
+    QVERIFY(frame->font().bold());
+    QCOMPARE(frame->palette().color(QPalette::WindowText), QColor(Qt::red));
+    const auto *button = program.find<QPushButton>("tab2Command2");
+    QVERIFY(!button->font().bold());
+    QVERIFY(button->palette().color(QPalette::ButtonText) != QColor(Qt::red));
 }
 
 void TestMainWindow::helpLinksOpenTheirPages_data()

@@ -4,6 +4,7 @@
 #include "platform/dir_list_box.h"
 #include "platform/drive_list_box.h"
 #include "platform/list_box.h"
+#include "platform/paths.h"
 #include "tests/support/program.h"
 
 #include <QAction>
@@ -49,7 +50,7 @@ private Q_SLOTS:
     void firstRunCreatesAnEmptySettingsFileAndShowsPage0();
     void firstRunSearchesTheSimulatorTwice();
     void settingsOfTenBytesCountAsAbsentElevenAreRead();
-    void stepsRunInTheirOrder();
+    void settingsThatCannotBeReadEndTheRestoring();
     void previousRunIsRestored();
     void savedDirectoryWinsOverTheRegistry();
     void directoryWithoutAnAircraftWordIsNotApplied();
@@ -78,6 +79,10 @@ private Q_SLOTS:
     void emptyFs9ValueFallsThroughToSimulatorX();
     void versionOptionsSearchAgainAndSwitchTheHint();
     void focusIsOnBrowseText();
+    void page1AsksForAFileAndSaysHowToAdd();
+    void currentDirectoryIsAcceptedWhenItIsTheAircraftDirectory();
+    void stepsRunInTheirOrder_data();
+    void stepsRunInTheirOrder();
     void page3AsksForTheDirectory();
 };
 
@@ -209,7 +214,7 @@ void TestStartUp::settingsOfTenBytesCountAsAbsentElevenAreRead()
     QVERIFY(!second.window->state().ShowAddAirportHelp);
 }
 
-void TestStartUp::stepsRunInTheirOrder()
+void TestStartUp::settingsThatCannotBeReadEndTheRestoring()
 {
     // The settings cannot be read: what stands before that step has happened, what follows has not.
     Program program;
@@ -584,6 +589,58 @@ void TestStartUp::focusIsOnBrowseText()
     program.window->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(program.window.get()));
     QCOMPARE(program.window->focusWidget()->objectName(), QString("cmdBrowseText"));
+}
+
+void TestStartUp::page1AsksForAFileAndSaysHowToAdd()
+{
+    Program program;
+    program.start();
+    QCOMPARE(program.label("Tab1lblAirportTextFileName"),
+             QString("Please Select Airport Text file to Edit --->"));
+    QCOMPARE(program.label("Tab1lblDragnDrop"),
+             QString("Drag and Drop Country, Province/Sate or City into the Airport List --->"));
+    QCOMPARE(program.find<ListBox>("Tab1List1")->items(),
+             (QStringList{"Canada", "Germany", "Jamaica"}));
+}
+
+void TestStartUp::currentDirectoryIsAcceptedWhenItIsTheAircraftDirectory()
+{
+    Program program;
+    program.rememberUsualRun();
+    paths::setCurrentDirectory(Program::aircraftDir);
+    program.sandbox.write(Program::aircraftDir + "\\MorlenE.ini",
+                          program.sandbox.read(Program::settingsFile));
+    program.start();
+    QCOMPARE(program.window->state().AirCraftDir, Program::aircraftDir);
+    QCOMPARE(program.label("lblFSPath"), Program::aircraftDir);
+}
+
+void TestStartUp::stepsRunInTheirOrder_data()
+{
+    // Each start fails at one step: what stands before it has happened, what follows has not.
+    QTest::addColumn<QString>("folderInTheWay");
+    QTest::addColumn<QString>("errMsg");
+    QTest::addColumn<bool>("logIsGone");
+    QTest::newRow("log reset") << Program::logFile << "Opening C:\\Morlen\\\\TraceLog.txt" << false;
+    QTest::newRow("settings") << Program::settingsFile << "Opening C:\\Morlen\\\\MorlenE.ini"
+                              << true;
+}
+
+void TestStartUp::stepsRunInTheirOrder()
+{
+    QFETCH(QString, folderInTheWay);
+    QFETCH(QString, errMsg);
+    QFETCH(bool, logIsGone);
+    Program program;
+    program.sandbox.makeFolder(folderInTheWay);
+    program.start();
+    QCOMPARE(program.outside.dialogs.boxes.size(), 1);
+    QCOMPARE(program.outside.dialogs.boxes[0].prompt,
+             "Error  75 Path/File access error\r" + errMsg);
+    QCOMPARE(program.label("lblFSPath"), Program::aircraftDir);
+    QCOMPARE(program.find<ListBox>("Tab1List1")->count(), 3);
+    QCOMPARE(program.window->state().DefaultName, QString("FlightPlans_"));
+    QCOMPARE(!program.sandbox.exists(Program::logFile), logIsGone);
 }
 
 void TestStartUp::page3AsksForTheDirectory()

@@ -274,7 +274,7 @@ void TestBackup::fullDiskWhileShiftingLeavesBothGenerations()
     sandbox.write(backup2, "a copy of long ago");
     {
         const FileSizeLimit limit(50'000);
-        QCOMPARE(failureOfBackup(), QString("61 Disk full: File Copy Backup"));
+        QCOMPARE(failureOfBackup(), "61 Disk full: Open " + backup1);
     }
     QCOMPARE(sandbox.read(backup1), QByteArray(100'000, '1'));
     QCOMPARE(sandbox.read(backup2), QByteArray("a copy of long ago"));
@@ -287,7 +287,7 @@ void TestBackup::fullDiskAfterShiftingLeavesTheFormerCopy()
     sandbox.write(backup1, "a copy of yesterday");
     {
         const FileSizeLimit limit(50'000);
-        QCOMPARE(failureOfBackup(), QString("61 Disk full: File Copy Backup"));
+        QCOMPARE(failureOfBackup(), "61 Disk full: Open " + backup1);
     }
     QCOMPARE(sandbox.read(backup2), QByteArray("a copy of yesterday"));
     QCOMPARE(fileNames(sandbox), (QStringList{"Aircraft_Set.txt", "Aircraft_Set.txt.Backup2"}));

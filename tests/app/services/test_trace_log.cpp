@@ -54,6 +54,8 @@ private Q_SLOTS:
     void logOf50001BytesIsBegunAnewWithOnlyThatEntry();
     void fileIsClosedAfterEveryEntry();
     void turningOnWritesTheOpeningBanner();
+    void timeFormatHasNoTimeZone_data();
+    void timeFormatHasNoTimeZone();
     void turningOnKeepsAnEarlierLog();
     void turningOffDiscardsTheTrace();
     void turningOnAndOffAgainLeavesThreeLines();
@@ -195,6 +197,20 @@ void TestTraceLog::turningOnWritesTheOpeningBanner()
     QVERIFY(trace.state.TraceOn);
     QCOMPARE(trace.bytes(), separator + "\r\n14:03:27 - Trace Started 1 Nov 2026 14:03:27\r\n" +
                                 separator + "\r\n");
+}
+
+void TestTraceLog::timeFormatHasNoTimeZone_data()
+{
+    QTest::addColumn<QString>("format");
+    QTest::newRow("C") << "HH:mm:ss";
+    QTest::newRow("de_DE") << "HH:mm:ss";
+    QTest::newRow("es_ES") << "H:mm:ss"; // with the zone in brackets
+}
+
+void TestTraceLog::timeFormatHasNoTimeZone()
+{
+    QFETCH(QString, format);
+    QCOMPARE(TraceLog::timeFormat(QLocale(QTest::currentDataTag())), format);
 }
 
 void TestTraceLog::turningOnKeepsAnEarlierLog()
