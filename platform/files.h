@@ -41,6 +41,13 @@ void copy(const QString &from, const QString &to);
 /// Deletes a file. Throws File not found (53), Path/File access error (75).
 void remove(const QString &path);
 
+/// Moves a file to the desktop's trash. Returns false, with the file where it was, when that cannot
+/// be done: a system without a trash, or a file that may not be moved.
+bool moveToTrash(const QString &path);
+
+/// Whether two paths lead to one and the same existing file. Never throws.
+bool isSame(const QString &path, const QString &other);
+
 /// Whether a file or folder of this path exists. Never throws.
 bool exists(const QString &path);
 

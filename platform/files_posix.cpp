@@ -328,6 +328,24 @@ void remove(const QString &path)
     }
 }
 
+bool moveToTrash(const QString &path)
+{
+    return QFile::moveToTrash(QFile::decodeName(hostName(path)));
+}
+
+bool isSame(const QString &path, const QString &other)
+{
+    try {
+        struct stat info = {};
+        struct stat otherInfo = {};
+        return ::stat(hostName(path).constData(), &info) == 0 &&
+               ::stat(hostName(other).constData(), &otherInfo) == 0 &&
+               info.st_dev == otherInfo.st_dev && info.st_ino == otherInfo.st_ino;
+    } catch (const RuntimeError &) {
+        return false; // a name that cannot exist leads nowhere
+    }
+}
+
 bool exists(const QString &path)
 {
     try {

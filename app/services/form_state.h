@@ -23,6 +23,7 @@ struct FormState {
     QString VarloPath;               ///< registered path of the configuration editor Varlo
     QString FSType = "2004";         ///< simulator version chosen, "2002" or "2004"
     QString AircraftTextDir;         ///< full path of the aircraft text file in use
+    QString AirportTextFile;         ///< full path of the airport text file page 1 was given
     bool ExitFlag = false;           ///< quitting needs no confirmation
     bool TraceOn = false;            ///< the trace log is being written
     bool AddAirportsFlag = false;    ///< airports were written for a set not yet created

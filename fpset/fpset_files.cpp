@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+#include "fpset/fpset_files.h"
+
+#include "app/services/backup.h"
+#include "platform/files.h"
+
+namespace fpset_files
+{
+
+namespace
+{
+
+/// Backs a file up when there is one; the step under way stays the caller's.
+void keepContent(const QString &path, QString &ErrMsg)
+{
+    if (files::exists(path)) {
+        const QString step = ErrMsg;
+        backUp(path, ErrMsg);
+        ErrMsg = step;
+    }
+}
+
+} // namespace
+
+void ensureExists(const QString &path)
+{
+    files::openForAppend(path);
+}
+
+void createEmpty(const QString &path, QString &ErrMsg)
+{
+    keepContent(path, ErrMsg);
+    files::writeAll(path, {});
+}
+
+void copy(const QString &source, const QString &target, QString &ErrMsg)
+{
+    if (source.isEmpty()) {
+        throw RuntimeError(ErrorNumber::BadFileName);
+    }
+    const QByteArray bytes = files::readAll(source);
+    if (files::isSame(source, target)) {
+        throw RuntimeError(ErrorNumber::PermissionDenied);
+    }
+    // A second try must not push what was there before the first one out of the backups.
+    if (files::exists(target) && files::readAll(target) == bytes) {
+        return;
+    }
+    keepContent(target, ErrMsg);
+    files::writeAll(target, bytes);
+}
+
+bool discard(const QString &path, QString &ErrMsg)
+{
+    if (!files::exists(path)) {
+        return false;
+    }
+    if (!files::moveToTrash(path)) {
+        keepContent(path, ErrMsg);
+        files::remove(path);
+    }
+    return true;
+}
+
+} // namespace fpset_files

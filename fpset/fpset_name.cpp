@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#include "fpset/fpset_name.h"
+
+#include "platform/basic_text.h"
+
+namespace fpset_name
+{
+
+namespace
+{
+
+const QString beginning = QStringLiteral("flightplans");
+const QString extension = QStringLiteral(".txt");
+constexpr qsizetype shortestName = 12; // characters
+
+} // namespace
+
+bool isUnfinished(const QString &text, const QString &prefix)
+{
+    return text == prefix || text.size() < shortestName;
+}
+
+QString withExtension(const QString &text)
+{
+    return text.contains(extension) ? text : text + extension;
+}
+
+bool isValid(const QString &fileName)
+{
+    return fileName.count('.') <= 1 && fileName.endsWith(extension) &&
+           basic::lower(fileName.left(beginning.size())) == beginning;
+}
+
+FileSet filesOf(const QString &directory, const QString &fileName)
+{
+    const QString suffix =
+        fileName.mid(basic::lower(fileName).indexOf(beginning) + beginning.size());
+    FileSet set;
+    set.airportFile = "Airports" + suffix;
+    set.aircraftFile = "Aircraft" + suffix;
+    set.flightPlanPath = directory + fileName;
+    set.airportPath = directory + set.airportFile;
+    set.aircraftPath = directory + set.aircraftFile;
+    return set;
+}
+
+} // namespace fpset_name
