@@ -52,7 +52,7 @@ void copy(const QString &source, const QString &target, QString &ErrMsg)
 
 bool discard(const QString &path, QString &ErrMsg)
 {
-    if (!files::exists(path)) {
+    if (!files::exists(path) || files::isFolder(path)) {
         return false;
     }
     if (!files::moveToTrash(path)) {

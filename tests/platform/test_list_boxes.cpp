@@ -43,6 +43,17 @@ struct ShownList {
 
     QModelIndex index(int entry) const { return list.model()->index(entry, 0); }
 
+    QStringList checkedTexts() const
+    {
+        QStringList texts;
+        for (int entry = 0; entry < list.count(); ++entry) {
+            if (list.selected(entry)) {
+                texts += list.text(entry);
+            }
+        }
+        return texts;
+    }
+
     void click(QPoint where) { QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, where); }
 
     ListBox list;
@@ -95,6 +106,13 @@ class TestListBoxes : public QObject
 private Q_SLOTS:
     void itemsReplaceEverything();
     void addedItemComesLast();
+    void sortedListOrdersItsItems();
+    void itemAddedToASortedListStandsInItsPlace();
+    void checkMarksMoveAlongWithAnAddedItem();
+    void checkMarksMoveAlongWithARemovedItem();
+    void removedItemTakesItsCheckMarkWithIt();
+    void currentEntryStaysAboveAndBelowARemovedOne();
+    void lastItemCanBeRemoved();
     void textOfAnEntryThereIsNotIsEmpty();
     void entriesAreOneColumnOfPlainTexts();
     void listWithoutCheckBoxesHasNoMarks();
@@ -149,11 +167,110 @@ void TestListBoxes::addedItemComesLast()
 {
     ShownList shown(true);
     shown.list.setSelected(2, true);
-    shown.list.addItem("five");
+    QCOMPARE(shown.list.addItem("five"), 3);
     QCOMPARE(shown.list.count(), 4);
     QCOMPARE(shown.list.text(3), QString("five"));
     QVERIFY(shown.list.selected(2));
     QVERIFY(!shown.list.selected(3));
+}
+
+void TestListBoxes::sortedListOrdersItsItems()
+{
+    ShownList shown;
+    QVERIFY(!shown.list.sorted());
+    shown.list.setSorted(true);
+    shown.list.setItems({"mali", "//x", "Chad", "Mali", "0S9", "chad"});
+    QCOMPARE(shown.list.items(), (QStringList{"//x", "0S9", "Chad", "chad", "Mali", "mali"}));
+    shown.list.setSorted(false);
+    shown.list.setItems({"b", "a"});
+    QCOMPARE(shown.list.items(), (QStringList{"b", "a"}));
+}
+
+void TestListBoxes::itemAddedToASortedListStandsInItsPlace()
+{
+    ShownList shown;
+    shown.list.setSorted(true);
+    shown.list.setItems({"Chad", "mali"});
+    shown.list.setListIndex(1);
+    const QSignalSpy inserted(shown.list.model(), &QAbstractItemModel::rowsInserted);
+    QCOMPARE(shown.list.addItem("MALI"), 1);
+    QCOMPARE(shown.list.addItem("Benin"), 0);
+    QCOMPARE(shown.list.addItem("zulu"), 4);
+    QCOMPARE(shown.list.addItem("Benin"), 1);
+    QCOMPARE(shown.list.items(), (QStringList{"Benin", "Benin", "Chad", "MALI", "mali", "zulu"}));
+    QCOMPARE(shown.list.text(shown.list.listIndex()), "mali");
+    QCOMPARE(inserted.size(), 4);
+    QCOMPARE(inserted[1][1].toInt(), 0);
+}
+
+void TestListBoxes::checkMarksMoveAlongWithAnAddedItem()
+{
+    ShownList shown(true);
+    shown.list.setSorted(true);
+    shown.list.setItems({"b", "d", "f"});
+    shown.list.setSelected(0, true);
+    shown.list.setSelected(2, true);
+    QCOMPARE(shown.list.addItem("c"), 1);
+    QCOMPARE(shown.checkedTexts(), (QStringList{"b", "f"}));
+    QCOMPARE(shown.list.addItem("a"), 0);
+    QCOMPARE(shown.checkedTexts(), (QStringList{"b", "f"}));
+    QCOMPARE(shown.list.addItem("g"), 5);
+    QCOMPARE(shown.checkedTexts(), (QStringList{"b", "f"}));
+    QCOMPARE(shown.list.selectedCount(), 2);
+}
+
+void TestListBoxes::checkMarksMoveAlongWithARemovedItem()
+{
+    ShownList shown(true);
+    shown.list.setItems({"a", "b", "c", "d", "e"});
+    shown.list.setSelected(1, true);
+    shown.list.setSelected(4, true);
+    shown.list.removeItem(2);
+    QCOMPARE(shown.list.items(), (QStringList{"a", "b", "d", "e"}));
+    QCOMPARE(shown.checkedTexts(), (QStringList{"b", "e"}));
+    shown.list.removeItem(0);
+    QCOMPARE(shown.checkedTexts(), (QStringList{"b", "e"}));
+    QCOMPARE(shown.list.selectedCount(), 2);
+    QCOMPARE(shown.index(2).data(Qt::CheckStateRole).toInt(), int(Qt::Checked));
+}
+
+void TestListBoxes::removedItemTakesItsCheckMarkWithIt()
+{
+    ShownList shown(true);
+    shown.list.setSelected(0, 1, true);
+    shown.list.removeItem(1);
+    QCOMPARE(shown.checkedTexts(), QStringList{"one"});
+    QCOMPARE(shown.list.selectedCount(), 1);
+    shown.list.addItem("four"); // where a mark stood before
+    shown.list.addItem("five");
+    QCOMPARE(shown.checkedTexts(), QStringList{"one"});
+    shown.list.removeItem(0);
+    QCOMPARE(shown.list.selectedCount(), 0);
+}
+
+void TestListBoxes::currentEntryStaysAboveAndBelowARemovedOne()
+{
+    ShownList shown;
+    shown.list.setListIndex(1);
+    shown.list.removeItem(0);
+    QCOMPARE(shown.list.listIndex(), 0);
+    shown.list.removeItem(1);
+    QCOMPARE(shown.list.listIndex(), 0);
+    QCOMPARE(shown.list.items(), QStringList{"two <b>"});
+}
+
+void TestListBoxes::lastItemCanBeRemoved()
+{
+    ShownList shown(true);
+    shown.list.setItems({"only"});
+    shown.list.setSelected(0, true);
+    shown.list.setListIndex(0);
+    shown.list.removeItem(0);
+    QCOMPARE(shown.list.count(), 0);
+    QCOMPARE(shown.list.listIndex(), -1);
+    QCOMPARE(shown.list.selectedCount(), 0);
+    QCOMPARE(shown.list.addItem("next"), 0);
+    QVERIFY(!shown.list.selected(0));
 }
 
 void TestListBoxes::textOfAnEntryThereIsNotIsEmpty()
