@@ -495,6 +495,23 @@ void AircraftLoaderPage::restoreTextFile(const QString &path)
     }
 }
 
+void AircraftLoaderPage::takeFileOfSet(const QString &path)
+{
+    takeTextFile(path, restoredPathLimit);
+    fillFromTextFile();
+}
+
+void AircraftLoaderPage::forgetFile(const QString &path)
+{
+    if (m_state.AircraftTextDir.compare(path, Qt::CaseInsensitive) == 0) {
+        m_state.AircraftTextDir.clear();
+        askForTextFile();
+        ClearLists();
+        ui->cmdTtools->setEnabled(false);
+        ui->cmdEdit->setEnabled(false);
+    }
+}
+
 void AircraftLoaderPage::reloadForNewSet()
 {
     if (m_state.reLoadNewPlan) {

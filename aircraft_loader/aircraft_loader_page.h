@@ -48,6 +48,12 @@ public:
     /// For a new flight plan set whose aircraft are being chosen.
     void reloadForNewSet();
 
+    /// Makes a set's aircraft file the current one and loads the lists for it.
+    void takeFileOfSet(const QString &path);
+
+    /// Asks for a text file when this one was the current one: it is gone.
+    void forgetFile(const QString &path);
+
     void focusFirstControl();
     void pressQuit();
 

@@ -10,6 +10,8 @@
 #include <QAction>
 #include <QScopeGuard>
 
+#include <utility>
+
 #include "ui_airport_loader_page.h"
 
 namespace
@@ -18,8 +20,9 @@ namespace
 const QString filePrompt = QStringLiteral("Please Select Airport Text file to Edit --->");
 const QString applicationTitle = QStringLiteral("Morlen Utilities");
 const QString fileErrorTitle = QStringLiteral("Airport Text File Error");
-constexpr qsizetype pathLimit = 50;   // characters of a path that are shown
-constexpr int expectedLines = 24'000; // of the master list
+constexpr qsizetype pathLimit = 50;    // characters of a path that are shown
+constexpr qsizetype setPathLimit = 60; // the same, of a new set's file
+constexpr int expectedLines = 24'000;  // of the master list
 
 bool isBrowsedByProvince(const QString &country)
 {
@@ -275,7 +278,7 @@ AirportChoice AirportLoaderPage::choiceFor(const QString &item) const
 
 void AirportLoaderPage::Tab1List2_DragDrop(const QString &text)
 {
-    const int index = ui->Tab1List1->listIndex();
+    const int index = ui->Tab1List1->isHighlighted() ? ui->Tab1List1->listIndex() : -1;
     if (index < 0 || text != selectedText(*ui->Tab1List1)) {
         return;
     }
@@ -305,7 +308,7 @@ int AirportLoaderPage::hiddenOffset() const
 
 void AirportLoaderPage::Tab1List1_DragDrop(const QString &text)
 {
-    const int index = ui->Tab1List2->listIndex();
+    const int index = ui->Tab1List2->isHighlighted() ? ui->Tab1List2->listIndex() : -1;
     if (index < 0 || text != selectedText(*ui->Tab1List2) || airport_text_file::isExisting(text)) {
         return;
     }
@@ -346,22 +349,41 @@ void AirportLoaderPage::showExistingCount()
     ui->lblT1Airport->setText("Existing Airports:" + basic::str(ui->Tab1List2->count()));
 }
 
+void AirportLoaderPage::takeFileForSet(const QString &path)
+{
+    m_servesSet = true;
+    m_state.AirportTextFile = path;
+    ui->Tab1lblAirportTextFileName->setText(shortenedPath(path, setPathLimit));
+    showDone(ui->Tab1lblAirportTextFileName);
+    ui->Tab1cmdBrowse->setEnabled(false);
+    ui->Tab1List1->setEnabled(true);
+}
+
+void AirportLoaderPage::leaveSet()
+{
+    if (std::exchange(m_servesSet, false)) {
+        Tab1cmdReset_Click();
+        m_state.AirportTextFile.clear();
+        ui->Tab1cmdBrowse->setEnabled(true);
+    }
+}
+
 void AirportLoaderPage::Tab1cmdBrowse_Click()
 {
     if (m_state.ShowAddAirportHelp) {
         Q_EMIT reminderDue();
     }
-    m_textFile = m_services.dialogs.openFile(
+    m_state.AirportTextFile = m_services.dialogs.openFile(
         {.filter = "Airport Text Files (*.txt)|airport*.txt|", .startFolder = {}});
     m_services.errors.run(fileErrorTitle, [this] {
-        m_state.ErrMsg = "Open " + m_textFile;
-        m_services.log.write("Selecting Airport Text File " + m_textFile);
-        if (m_textFile.isEmpty()) {
+        m_state.ErrMsg = "Open " + m_state.AirportTextFile;
+        m_services.log.write("Selecting Airport Text File " + m_state.AirportTextFile);
+        if (m_state.AirportTextFile.isEmpty()) {
             showFilePrompt();
             ui->Tab1cmdEdit->setEnabled(false);
             return;
         }
-        ui->Tab1lblAirportTextFileName->setText(shortenedPath(m_textFile, pathLimit));
+        ui->Tab1lblAirportTextFileName->setText(shortenedPath(m_state.AirportTextFile, pathLimit));
         showDone(ui->Tab1lblAirportTextFileName);
         ui->Tab1List1->setEnabled(true);
         readTextFile();
@@ -377,18 +399,24 @@ void AirportLoaderPage::Tab1cmdBrowse_Click()
 void AirportLoaderPage::readTextFile()
 {
     ui->Tab1List2->clear();
-    const QStringList items = airport_text_file::existingItems(files::readAll(m_textFile));
+    const QStringList items =
+        airport_text_file::existingItems(files::readAll(m_state.AirportTextFile));
     ui->Tab1List2->setItems(items);
     ui->Tab1lstAICO->setItems(ui->Tab1lstAICO->items() + items);
     ui->Tab1lstCountry->setItems(ui->Tab1lstCountry->items() + items);
 }
 
+void AirportLoaderPage::showMissingFileName()
+{
+    m_services.dialogs.show({.prompt = "Missing Airport Text File name!",
+                             .title = applicationTitle,
+                             .icon = MessageBox::Icon::Exclamation});
+}
+
 void AirportLoaderPage::Tab1cmdCreateFile_Click()
 {
-    if (m_textFile.isEmpty()) {
-        m_services.dialogs.show({.prompt = "Missing Airport Text File name!",
-                                 .title = applicationTitle,
-                                 .icon = MessageBox::Icon::Exclamation});
+    if (m_state.AirportTextFile.isEmpty()) {
+        showMissingFileName();
         return;
     }
     bool written = false;
@@ -396,12 +424,13 @@ void AirportLoaderPage::Tab1cmdCreateFile_Click()
         return; // the choices stand, for another try
     }
     const MessageBox::Answer answer = m_services.dialogs.show(
-        {.prompt = m_textFile + " Created Successfully!\r\rDo you want to view the file?",
+        {.prompt =
+             m_state.AirportTextFile + " Created Successfully!\r\rDo you want to view the file?",
          .title = "AI Aircraft Loader",
          .buttons = MessageBox::Buttons::YesNo,
          .defaultButton = MessageBox::Answer::No});
     if (answer == MessageBox::Answer::Yes) {
-        m_services.shell.Shellandwait("NOTEPAD.EXE " + m_textFile, 0, 1);
+        m_services.shell.Shellandwait("NOTEPAD.EXE " + m_state.AirportTextFile, 0, 1);
         if (m_state.ended) {
             return;
         }
@@ -436,13 +465,13 @@ bool AirportLoaderPage::appendChosen()
         }
         ui->Tab1cmdReset->show();
     });
-    m_services.log.write("Adding Airports to " + m_textFile);
-    m_state.ErrMsg = "Open " + m_textFile;
-    files::openForAppend(m_textFile);
+    m_services.log.write("Adding Airports to " + m_state.AirportTextFile);
+    m_state.ErrMsg = "Open " + m_state.AirportTextFile;
+    files::openForAppend(m_state.AirportTextFile);
 
     QList<AirportChoice> choices;
     for (int i = 0; i < ui->Tab1lstAICO->count(); ++i) {
-        const AirportChoice choice = {ui->Tab1lstAICO->text(i), ui->Tab1lstCountry->text(i)};
+        const AirportChoice choice = {ui->Tab1lstAICO->text(i), ui->Tab1lstCountry->text(i), i};
         if (!airport_text_file::isExisting(choice.search)) {
             choices += choice;
         }
@@ -451,8 +480,8 @@ bool AirportLoaderPage::appendChosen()
     const QStringList lines = ui->Tab1ListSort->items();
     ui->Tab1ListSort->clear();
     if (!lines.isEmpty()) {
-        m_state.ErrMsg = "Open " + m_textFile;
-        files::appendLines(m_textFile, basic::encode(lines.join("\r\n") + "\r\n"));
+        m_state.ErrMsg = "Open " + m_state.AirportTextFile;
+        files::appendLines(m_state.AirportTextFile, basic::encode(lines.join("\r\n") + "\r\n"));
     }
     m_services.log.write("Finished Adding Airports");
     return !lines.isEmpty();
@@ -469,7 +498,7 @@ QStringList AirportLoaderPage::linesOf(const QList<AirportChoice> &choices)
     QStringList lines;
     for (const ChosenLine &chosen : airport_text_file::chosenLines(list, choices)) {
         if (repaint.isDue()) {
-            ui->Tab1ProgressBar1->setValue(chosen.choice);
+            ui->Tab1ProgressBar1->setValue(choices[chosen.choice].entry);
             Repaint::now();
         }
         const QString line = airport_text_file::airportLine(AirportRecord::split(chosen.line));
@@ -484,6 +513,10 @@ QStringList AirportLoaderPage::linesOf(const QList<AirportChoice> &choices)
 
 void AirportLoaderPage::Tab1cmdEdit_Click()
 {
+    if (m_state.AirportTextFile.isEmpty()) {
+        showMissingFileName(); // taking a choice back enables the button without a file, too
+        return;
+    }
     const MessageBox::Answer answer = m_services.dialogs.show(
         {.prompt =
              "CAUTION!\r\rThese Airports may be used in existing FlightPlans.  Editing or Deleting "
@@ -496,13 +529,13 @@ void AirportLoaderPage::Tab1cmdEdit_Click()
         return;
     }
     m_services.errors.run(fileErrorTitle, [this] {
-        m_state.ErrMsg = "Edit " + m_textFile;
-        m_services.log.write("Edit Aircraft Listing Edit " + m_textFile);
-        m_services.shell.Shellandwait("NOTEPAD.EXE " + m_textFile, 0, 1);
+        m_state.ErrMsg = "Edit " + m_state.AirportTextFile;
+        m_services.log.write("Edit Aircraft Listing Edit " + m_state.AirportTextFile);
+        m_services.shell.Shellandwait("NOTEPAD.EXE " + m_state.AirportTextFile, 0, 1);
         if (m_state.ended) {
             return;
         }
-        m_state.ErrMsg = "Open " + m_textFile;
+        m_state.ErrMsg = "Open " + m_state.AirportTextFile;
         const WaitPointer pointer;
         readTextFile();
         m_existingCount = ui->Tab1List2->count();

@@ -28,6 +28,12 @@ public:
     /// Fills the list of countries; it is not cleared first.
     void LoadCountry();
 
+    /// Makes a new set's airport file the current one; it cannot be browsed away.
+    void takeFileForSet(const QString &path);
+
+    /// The set is created or given up: its file is forgotten and the page is as at the start.
+    void leaveSet();
+
     /// Whether the airport selected among the available ones is named by an entry of "Airports to
     /// Add"; shows "Duplicate Airport!" then.
     bool AirportExists();
@@ -64,6 +70,7 @@ private:
     void LoadCity();
 
     void showFilePrompt();
+    void showMissingFileName();
     void enableSortOptions(bool on);
     void showListToolTip(const QString &level);
     /// Adds what a reading of the list gave, then throws what ended it.
@@ -81,7 +88,7 @@ private:
     Services &m_services;
     FormState &m_state;
     std::unique_ptr<Ui::AirportLoaderPage> ui;
-    QString m_textFile;           ///< full path of the chosen airport text file
+    bool m_servesSet = false;     ///< the file is that of a new flight plan set
     bool m_provinceLevel = false; ///< provinces are shown, or airports of one
     bool m_airportLevel = false;  ///< airports are shown
     QString m_selectedCountry;    ///< whose provinces or airports are shown

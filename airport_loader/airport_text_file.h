@@ -16,6 +16,7 @@
 struct AirportChoice {
     QString search;  ///< occurs anywhere in a line of the master list
     QString country; ///< what the line begins with
+    int entry = 0;   ///< where it stands in the lists of choices
 };
 
 /// A line of the master list that a choice stands for.

@@ -95,7 +95,8 @@ def clean(text: str) -> str:
     """The text as a field: in the code page, blanks single, nothing that would break the line."""
     composed = unicodedata.normalize("NFC", " ".join(text.split())).replace("|", "/")
     visible = "".join(c for c in composed if not unicodedata.category(c).startswith("C"))
-    return " ".join("".join(map(in_code_page, visible)).split())
+    # The program tells the code from the rest of an entry by the first " - ".
+    return " ".join("".join(map(in_code_page, visible)).split()).replace(" - ", " / ")
 
 
 def place_in(name: str) -> str:

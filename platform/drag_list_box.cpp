@@ -14,7 +14,9 @@ namespace
 QPixmap pictureOf(const QListView &list, const QModelIndex &entry)
 {
     const QFontMetrics metrics = list.fontMetrics();
-    const QString text = entry.data().toString();
+    constexpr int widest = 400; // pixels: it is to be recognised, not read to its end
+    const QString text =
+        metrics.elidedText(entry.data().toString().left(1000), Qt::ElideRight, widest);
     const QSize size(metrics.horizontalAdvance(text) + 12, metrics.height() + 6);
     const qreal ratio = list.devicePixelRatioF();
     QPixmap picture(size * ratio);

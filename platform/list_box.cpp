@@ -101,6 +101,7 @@ public:
 namespace
 {
 
+constexpr qsizetype longestShown = 1000; // characters of an entry
 constexpr int rowSpacing = 4; // pixels between two entries, so that a long list stays readable
 
 /// Gives every entry the width of the longest one, so that the list scrolls far enough without
@@ -111,6 +112,12 @@ public:
     EntryDelegate(const ListBoxModel &model, QObject *parent)
         : QStyledItemDelegate(parent), m_model(model)
     {
+    }
+
+    /// As much of a text as anybody reads: shaping megabytes of one line would stop the window.
+    QString displayText(const QVariant &value, const QLocale & /*locale*/) const override
+    {
+        return value.toString().left(longestShown);
     }
 
 protected:
@@ -133,8 +140,9 @@ public:
             m_model.items.begin(), m_model.items.end(),
             [](const QString &a, const QString &b) { return a.size() < b.size(); });
         const QSize size = QStyledItemDelegate::sizeHint(option, index);
-        const int extra = option.fontMetrics.horizontalAdvance(*longest) -
-                          option.fontMetrics.horizontalAdvance(index.data().toString());
+        const int extra =
+            option.fontMetrics.horizontalAdvance(longest->left(longestShown)) -
+            option.fontMetrics.horizontalAdvance(index.data().toString().left(longestShown));
         return {size.width() + std::max(extra, 0), size.height() + rowSpacing};
     }
 
@@ -233,6 +241,11 @@ int ListBox::listIndex() const
 void ListBox::setListIndex(int index)
 {
     setCurrentIndex(index < 0 ? QModelIndex() : m_model->index(index));
+}
+
+bool ListBox::isHighlighted() const
+{
+    return currentIndex().isValid() && selectionModel()->isSelected(currentIndex());
 }
 
 void ListBox::keyPressEvent(QKeyEvent *event)

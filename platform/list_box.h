@@ -43,6 +43,9 @@ public:
     int listIndex() const; ///< the current entry, -1 for none
     void setListIndex(int index);
 
+    /// Whether the current entry is shown as selected: one that only has the focus is not.
+    bool isHighlighted() const;
+
 Q_SIGNALS:
     void entryClicked();       ///< with the mouse, on an entry or its check mark
     void entryDoubleClicked(); ///< with the mouse, or Enter on the current entry

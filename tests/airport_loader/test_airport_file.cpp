@@ -179,6 +179,7 @@ private Q_SLOTS:
     // Editing it.
     void editAsksFirst();
     void answeringNoLeavesListsFileAndTraceLogUntouched();
+    void editWithoutAFileIsRefused();
     void editOpensNotepadAndListsTheAirportsAgain();
     void editIsTraced();
     void editLeavesTheHeadingAlone();
@@ -851,6 +852,17 @@ void TestAirportFile::answeringNoLeavesListsFileAndTraceLogUntouched()
     QCOMPARE(user.choices(), QStringList{existingChoice});
     QCOMPARE(user.textFileBytes(), seattleLine);
     QCOMPARE(user.traced(), QStringList());
+    QCOMPARE(user.outside.processes.started, QStringList());
+}
+
+void TestAirportFile::editWithoutAFileIsRefused()
+{
+    AirportLoaderDriver user;
+    user.open();
+    user.find<QPushButton>("Tab1cmdEdit")->setEnabled(true); // as taking a choice back does
+    user.press("Tab1cmdEdit");
+    QCOMPARE(user.messages(),
+             QStringList{"Exclamation, Morlen Utilities: Missing Airport Text File name!"});
     QCOMPARE(user.outside.processes.started, QStringList());
 }
 

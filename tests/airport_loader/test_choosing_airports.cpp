@@ -449,6 +449,12 @@ void TestChoosingAirports::droppingWithNothingSelectedDoesNothing()
     QCOMPARE(available->listIndex(), -1);
     available->actions()[0]->trigger();
     QCOMPARE(user.toAdd(), QStringList{seattle});
+    // Reached by the Tab key the first entry has the focus, but is not shown as selected.
+    available->setFocus(Qt::TabFocusReason);
+    available->selectionModel()->setCurrentIndex(available->model()->index(0, 0),
+                                                 QItemSelectionModel::NoUpdate);
+    available->actions()[0]->trigger();
+    QCOMPARE(user.toAdd(), QStringList{seattle});
     Q_EMIT toAdd->dropped("");
     QCOMPARE(user.toAdd(), QStringList{seattle});
     QVERIFY(!user.isEnabled("Tab1cmdCreateFile"));

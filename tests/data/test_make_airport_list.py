@@ -118,6 +118,15 @@ class ShippedList(unittest.TestCase):
                 self.assertTrue(field.isprintable() and "  " not in field, line)
             self.assertTrue(all(field for position, field in enumerate(line) if position != 1), line)
 
+    def test_no_field_holds_the_separator_of_a_list_entry(self) -> None:
+        for line in self.lines:
+            self.assertFalse(any(" - " in field for field in line), line)
+
+    def test_no_country_or_province_looks_like_an_airport_of_the_file(self) -> None:
+        # An entry whose 6th character is "-" counts as one that is there already.
+        for name in {field for line in self.lines for field in line[:2]}:
+            self.assertNotEqual(name[5:6], "-", name)
+
     def test_every_airport_entry_is_one_that_ttools_reads(self) -> None:
         for line in self.lines:
             match = ENTRY.fullmatch(line[5])

@@ -111,7 +111,7 @@ private Q_SLOTS:
     void checkMarksMoveAlongWithAnAddedItem();
     void checkMarksMoveAlongWithARemovedItem();
     void removedItemTakesItsCheckMarkWithIt();
-    void currentEntryStaysAboveAndBelowARemovedOne();
+    void currentEntryStaysWhenOthersAreRemoved();
     void lastItemCanBeRemoved();
     void textOfAnEntryThereIsNotIsEmpty();
     void entriesAreOneColumnOfPlainTexts();
@@ -123,6 +123,7 @@ private Q_SLOTS:
     void runOfEntriesIsTickedAtOnce();
     void markStandsOutOnADarkList();
 
+    void entryOfTenMegabytesIsKeptAndShownInPart();
     void pathIsShownFromTheRootDownWithItsSubFolders();
     void driveRootIsShownWithItsFolders();
     void clickOnlyPointsAtAFolder();
@@ -248,13 +249,13 @@ void TestListBoxes::removedItemTakesItsCheckMarkWithIt()
     QCOMPARE(shown.list.selectedCount(), 0);
 }
 
-void TestListBoxes::currentEntryStaysAboveAndBelowARemovedOne()
+void TestListBoxes::currentEntryStaysWhenOthersAreRemoved()
 {
     ShownList shown;
     shown.list.setListIndex(1);
+    shown.list.removeItem(2);
+    QCOMPARE(shown.list.listIndex(), 1);
     shown.list.removeItem(0);
-    QCOMPARE(shown.list.listIndex(), 0);
-    shown.list.removeItem(1);
     QCOMPARE(shown.list.listIndex(), 0);
     QCOMPARE(shown.list.items(), QStringList{"two <b>"});
 }
@@ -382,6 +383,16 @@ void TestListBoxes::markStandsOutOnADarkList()
         brightest = qMax(brightest, qGray(image.pixel(x, frame)));
     }
     QVERIFY2(brightest > 80, qPrintable(QString::number(brightest)));
+}
+
+void TestListBoxes::entryOfTenMegabytesIsKeptAndShownInPart()
+{
+    ShownList shown;
+    const QString text(10'000'000, 'x');
+    shown.list.setItems({text, "y"});
+    QCOMPARE(shown.list.text(0), text);
+    QVERIFY(shown.list.sizeHintForIndex(shown.index(0)).width() < 100'000);
+    QVERIFY(shown.list.sizeHintForIndex(shown.index(1)).width() < 100'000);
 }
 
 void TestListBoxes::pathIsShownFromTheRootDownWithItsSubFolders()
