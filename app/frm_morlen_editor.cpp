@@ -8,6 +8,7 @@
 #include "app/frm_add_airport_help.h"
 #include "app/frm_splash.h"
 #include "app/services/fs_location.h"
+#include "app/services/suite_registry.h"
 #include "app/version.h"
 #include "config_editor/config_editor_page.h"
 #include "fpset/fpset_page.h"
@@ -80,16 +81,28 @@ void frmMorlenEditor::connectPages()
             m_splash->setProgress(number);
         }
     });
-    connect(m_airportLoader, &AirportLoaderPage::reminderDue, this,
-            [this] { frmAddAirportHelp(m_services.state, this).exec(); });
+    connect(m_airportLoader, &AirportLoaderPage::reminderDue, this, &Form::showReminder);
+    connect(m_airportLoader, &AirportLoaderPage::airportsWrittenForSet, m_fpSet,
+            &FpSetPage::showAirportFile);
     connect(m_airportLoader, &AirportLoaderPage::returnToSet, this,
             [this] { ui->SSTab1->setCurrentIndex(fpSetPageNumber); });
     connect(m_fpSet, &FpSetPage::quitPressed, this, &Form::tab2cmdQuit_Click);
     connect(m_aircraftLoader, &AircraftLoaderPage::helpWanted, this, &Form::Tab0Help_Click);
     connect(m_airportLoader, &AirportLoaderPage::helpWanted, this, &Form::tab1Help_Click);
+    connect(m_fpSet, &FpSetPage::pageWanted, ui->SSTab1, &QTabWidget::setCurrentIndex);
+    connect(m_fpSet, &FpSetPage::reminderDue, this, &Form::showReminder);
+    connect(m_fpSet, &FpSetPage::airportsWanted, m_airportLoader,
+            &AirportLoaderPage::takeFileForSet);
+    connect(m_fpSet, &FpSetPage::aircraftWanted, m_aircraftLoader,
+            &AircraftLoaderPage::takeFileOfSet);
+    connect(m_fpSet, &FpSetPage::aircraftFileChosen, m_aircraftLoader,
+            &AircraftLoaderPage::takeFileOfSet);
+    connect(m_fpSet, &FpSetPage::fileDiscarded, m_aircraftLoader, &AircraftLoaderPage::forgetFile);
+    connect(m_fpSet, &FpSetPage::setClosed, m_airportLoader, &AirportLoaderPage::leaveSet);
     connect(m_fpSet, &FpSetPage::helpWanted, this, &Form::Tab2lblHelp_Click);
     connect(m_configEditor, &ConfigEditorPage::helpWanted, this, &Form::tab3VarloHelp_Click);
     connect(ui->lblHelp, &LinkLabel::clicked, this, &Form::lblHelp_Click);
+    connect(ui->lblPellara, &LinkLabel::clicked, this, &Form::lblPellara_Click);
     connect(ui->lblAbout, &LinkLabel::clicked, this, &Form::lblAbout_Click);
 
     connect(m_aircraftLoader, &AircraftLoaderPage::simulatorVersionChosen, this, &Form::FindFSPath);
@@ -115,6 +128,11 @@ void frmMorlenEditor::connectHover()
     setMouseTracking(true);
     m_bareAreas = {centralWidget(), ui->frmLeveler, ui->SSTab1,    m_aircraftLoader,
                    m_airportLoader, m_fpSet,        m_configEditor};
+}
+
+void frmMorlenEditor::showReminder()
+{
+    frmAddAirportHelp(m_services.state, this).exec();
 }
 
 void frmMorlenEditor::followOnPage3(const QString &directory)
@@ -143,6 +161,8 @@ void frmMorlenEditor::startUp()
     m_splash->showPainted();
     setWindowTitle("Morlen Utilities - Version " + programVersion());
     findProgramFolder();
+    state.ErrMsg = "CheckRegistry 1";
+    CheckRegistry();
     state.ErrMsg = "FindFSPath 1";
     FindFSPath();
     state.CommandLine = QCoreApplication::arguments().sliced(1).join(' ');
@@ -166,6 +186,8 @@ void frmMorlenEditor::startUp()
         restore(settings);
     }
     m_fpSet->enableNaming();
+    state.ErrMsg = "CheckRegistry";
+    CheckRegistry();
     m_configEditor->showFirstAircraft();
     show();
     Repaint::now();
@@ -249,6 +271,27 @@ void frmMorlenEditor::selectPage(const QString &lastTab)
     m_aircraftLoader->focusFirstControl();
 }
 
+void frmMorlenEditor::CheckRegistry()
+{
+    m_services.errors.run("Check Registry Errors", [this] {
+        suite_registry::CheckRegistry(m_services.registry, m_services.state, windowTitle());
+        ui->lblPellara->setVisible(!m_services.state.PellaraPath.isEmpty());
+    });
+}
+
+void frmMorlenEditor::lblPellara_Click()
+{
+    launch(m_services.state.PellaraPath, "Pellara.exe", m_services.state.PellaraCaption);
+}
+
+void frmMorlenEditor::launch(const QString &path, const QString &program, const QString &caption)
+{
+    m_services.errors.run("Launch Error", [&] {
+        m_services.state.ErrMsg = "Launching " + program;
+        suite_registry::launch(m_services.processes, path, program, caption);
+    });
+}
+
 void frmMorlenEditor::FindFSPath()
 {
     m_services.errors.run("FS Path Error", [this] {
@@ -305,7 +348,7 @@ void frmMorlenEditor::tab2cmdQuit_Click()
 
 void frmMorlenEditor::mnuQuit_Click()
 {
-    if (m_services.state.AddAirportsFlag) {
+    if (m_services.state.AddAirportsFlag || m_services.state.newAirportFlag) {
         ui->SSTab1->setCurrentIndex(fpSetPageNumber);
         return;
     }

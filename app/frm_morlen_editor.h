@@ -57,12 +57,16 @@ private:
     void tab3VarloHelp_Click();
     void mnuDonations_Click();
 
+    void CheckRegistry();
+    void launch(const QString &path, const QString &program, const QString &caption);
+    void lblPellara_Click();
     void FindFSPath();
     void SaveSettings();
 
     // The steps of the start-up.
     void connectPages();
     void connectHover();
+    void showReminder();
     void followOnPage3(const QString &directory);
     void startUp();
     void findProgramFolder();

@@ -119,8 +119,11 @@ void FpSetPage::continueWithSet()
 
 void FpSetPage::trace(const QString &text)
 {
-    m_state.ErrMsg = "Opening " + m_services.log.path();
-    m_services.log.write(text);
+    // A log that cannot be written is reported, but no set is left half way for it.
+    m_services.errors.run("Trace Log Error", [&] {
+        m_state.ErrMsg = "Opening " + m_services.log.path();
+        m_services.log.write(text);
+    });
 }
 
 void FpSetPage::beginStep(const QString &text)
@@ -146,16 +149,14 @@ void FpSetPage::tab2cmdFindTTools_Click()
 {
     const QString path = m_services.dialogs.openFile(
         {.filter = "Traffic Tools (TTools) (*.exe)|TTools*.exe|", .startFolder = {}});
-    m_services.errors.run(errorTitle, [&] {
-        ui->tab2txtTToolsDir->setText(shortenedPath(path, shownPathLimit));
-        m_state.strTToolsPath = path;
-        trace("TTools Path = " + path);
-        if (!path.isEmpty() && m_services.shell.CheckFileExists(path)) {
-            takeTToolsDirectory(path);
-        } else {
-            refuseTTools();
-        }
-    });
+    ui->tab2txtTToolsDir->setText(shortenedPath(path, shownPathLimit));
+    m_state.strTToolsPath = path;
+    trace("TTools Path = " + path);
+    if (!path.isEmpty() && m_services.shell.CheckFileExists(path)) {
+        takeTToolsDirectory(path);
+    } else {
+        refuseTTools();
+    }
 }
 
 void FpSetPage::takeTToolsDirectory(const QString &path)
@@ -210,8 +211,7 @@ void FpSetPage::tab2Command2_Click()
         return;
     }
     enterAirportStep();
-    m_services.errors.run(errorTitle,
-                          [this] { trace("FlightPlan File = " + m_set.flightPlanPath); });
+    trace("FlightPlan File = " + m_set.flightPlanPath);
 }
 
 void FpSetPage::CheckForValidFileName(const QString &fileName)
@@ -269,24 +269,22 @@ void FpSetPage::tab2optCopyFile_Click()
 
 void FpSetPage::tab2cmdAirport_Click()
 {
-    m_services.errors.run(errorTitle, [this] {
-        if (ui->tab2optCopyFile->isChecked()) {
-            const QString source =
-                m_services.dialogs.openFile({.filter = "Airport Text Files (*.txt)|airports*.txt|",
-                                             .startFolder = m_state.strTToolsDir});
-            if (source.isEmpty()) {
-                showNotice("Please select the Airports Text File!");
-                return;
-            }
-            trace("Airport Text File = " + source);
-            enterAircraftStep(source);
-        } else if (ui->tab2optCreatefile->isChecked()) {
-            askForAirports();
-            enterAircraftStep({});
-        } else {
-            focusIfShown(ui->tab2optCreatefile); // neither is chosen yet
+    if (ui->tab2optCopyFile->isChecked()) {
+        const QString source =
+            m_services.dialogs.openFile({.filter = "Airport Text Files (*.txt)|airports*.txt|",
+                                         .startFolder = m_state.strTToolsDir});
+        if (source.isEmpty()) {
+            showNotice("Please select the Airports Text File!");
+            return;
         }
-    });
+        trace("Airport Text File = " + source);
+        enterAircraftStep(source);
+    } else if (ui->tab2optCreatefile->isChecked()) {
+        askForAirports();
+        enterAircraftStep({});
+    } else {
+        focusIfShown(ui->tab2optCreatefile); // neither is chosen yet
+    }
 }
 
 void FpSetPage::askForAirports()

@@ -64,6 +64,9 @@ private Q_SLOTS:
     void selectingAPagePlacesTheFocus();
     void quitOfPage1StoresPage1();
     void frameOfTheCurrentStepLeavesItsControlsAlone();
+    void withoutPellarasKeysItsLinkIsNotShown();
+    void pellaraIsRaisedOrStarted();
+    void companionWhoseFolderIsGoneIsReported();
     void helpLinksOpenTheirPages_data();
     void helpLinksOpenTheirPages();
     void helpChangesToTheProgramFolderFirst();
@@ -468,6 +471,53 @@ void TestMainWindow::frameOfTheCurrentStepLeavesItsControlsAlone()
     const auto *button = program.find<QPushButton>("tab2Command2");
     QVERIFY(!button->font().bold());
     QVERIFY(button->palette().color(QPalette::ButtonText) != QColor(Qt::red));
+}
+
+void TestMainWindow::withoutPellarasKeysItsLinkIsNotShown()
+{
+    Program program;
+    program.start();
+    QVERIFY(!program.find<LinkLabel>("lblPellara")->isVisible());
+    QCOMPARE(program.outside.registry.text(RegistryHive::CurrentUser,
+                                           "SOFTWARE\\Ostrel\\Morlen Utilities\\Caption",
+                                           "Caption"),
+             QString("Morlen Utilities - Version 1.5.4"));
+}
+
+void TestMainWindow::pellaraIsRaisedOrStarted()
+{
+    Program program;
+    program.sandbox.makeFolder("C:\\Pellara");
+    for (const auto &[key, name, text] :
+         {std::tuple("Path", "Exe_Path", "C:\\Pellara\\Pellara.exe"),
+          std::tuple("Caption", "Caption", "Pellara 2")}) {
+        program.outside.registry.setValue(RegistryHive::CurrentUser,
+                                          QStringLiteral("SOFTWARE\\Ostrel\\Pellara\\") + key, name,
+                                          QString(text));
+    }
+    program.start();
+    auto *link = program.find<LinkLabel>("lblPellara");
+    QVERIFY(link->isVisible());
+    QCOMPARE(link->text(), QString("Launch Pellara"));
+    QTest::mouseClick(link, Qt::LeftButton);
+    QCOMPARE(program.outside.processes.started, QStringList{"\"C:\\Pellara\\Pellara.exe\""});
+    program.outside.processes.windows = {"Pellara 2"};
+    QTest::mouseClick(link, Qt::LeftButton);
+    QCOMPARE(program.outside.processes.started.size(), 1);
+    QCOMPARE(program.outside.processes.raised, QStringList{"Pellara 2"});
+}
+
+void TestMainWindow::companionWhoseFolderIsGoneIsReported()
+{
+    Program program;
+    program.outside.registry.setValue(RegistryHive::CurrentUser, "SOFTWARE\\Ostrel\\Pellara\\Path",
+                                      "Exe_Path", QString("C:\\Gone\\Pellara.exe"));
+    program.start();
+    QTest::mouseClick(program.find<LinkLabel>("lblPellara"), Qt::LeftButton);
+    QCOMPARE(program.outside.dialogs.boxes.size(), 1);
+    QCOMPARE(program.outside.dialogs.boxes[0].title, QString("Launch Error"));
+    QCOMPARE(program.outside.dialogs.boxes[0].prompt,
+             QString("Error  76 Path not found\rLaunching Pellara.exe"));
 }
 
 void TestMainWindow::helpLinksOpenTheirPages_data()

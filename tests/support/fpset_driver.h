@@ -1,0 +1,268 @@
+// SPDX-License-Identifier: MIT
+// Page 2 in the hands of its user: real files, real mouse and keys, everything outside faked.
+#pragma once
+
+#include "fpset/fpset_page.h"
+#include "tests/support/fakes.h"
+#include "tests/support/find_control.h"
+#include "tests/support/sandbox.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QtTest>
+
+#include <memory>
+#include <stdexcept>
+
+class FpSetDriver
+{
+public:
+    static inline const QString tTools = QStringLiteral("C:\\TTools\\TTools.exe");
+    static inline const QString flightPlans = QStringLiteral("C:\\TTools\\FlightPlans_Alpha.txt");
+    static inline const QString airports = QStringLiteral("C:\\TTools\\Airports_Alpha.txt");
+    static inline const QString aircraft = QStringLiteral("C:\\TTools\\Aircraft_Alpha.txt");
+    static inline const QString oldAirports = QStringLiteral("C:\\TTools\\Airports_Old.txt");
+    static inline const QString oldAircraft = QStringLiteral("C:\\TTools\\Aircraft_Old.txt");
+
+    FpSetDriver() : m_dataHome(qgetenv("XDG_DATA_HOME"))
+    {
+        sandbox.write(tTools, "MZ");
+        qputenv("XDG_DATA_HOME", QFile::encodeName(sandbox.host("C:\\share")));
+        services.state.MorlenEDir = "C:\\Morlen\\";
+        services.state.ShowAddAirportHelp = false;
+        page = std::make_unique<FpSetPage>(services);
+        record();
+        page->prepare();
+        page->show();
+        page->activateWindow();
+        if (!QTest::qWaitForWindowActive(page.get())) {
+            throw std::runtime_error("the page does not show");
+        }
+    }
+
+    ~FpSetDriver() { qputenv("XDG_DATA_HOME", m_dataHome); }
+
+    FpSetDriver(const FpSetDriver &) = delete;
+    FpSetDriver &operator=(const FpSetDriver &) = delete;
+
+    /// TTools is known from an earlier run.
+    void knowTTools()
+    {
+        state().strTToolsPath = tTools;
+        state().strTToolsDir = "C:\\TTools\\";
+        page->showTTools(tTools);
+        page->enableNaming();
+    }
+
+    void chooseTTools(const QString &path)
+    {
+        outside.dialogs.files = {path};
+        press("tab2cmdFindTTools");
+    }
+
+    void verify(const QString &name)
+    {
+        find<QLineEdit>("tab2txtFltPlan")->setText(name);
+        press("tab2Command2");
+    }
+
+    void name(const QString &set = "FlightPlans_Alpha")
+    {
+        knowTTools();
+        verify(set);
+    }
+
+    void createAirports()
+    {
+        press("tab2optCreatefile");
+        press("tab2cmdAirport");
+    }
+
+    void copyAirports(const QString &source)
+    {
+        press("tab2optCopyFile");
+        outside.dialogs.files = {source};
+        press("tab2cmdAirport");
+    }
+
+    void createAircraft()
+    {
+        press("tab2optCreateNewAircraft");
+        press("tab2cmdAircraft");
+    }
+
+    void copyAircraft(const QString &source)
+    {
+        press("tab2optCopyExistingAircraft");
+        outside.dialogs.files = {source};
+        press("tab2cmdAircraft");
+    }
+
+    /// Page 1 writes airports for the set.
+    void addAirports()
+    {
+        sandbox.write(airports, "KSEA\r\n");
+        state().AddAirportsFlag = true;
+        page->showAirportFile();
+    }
+
+    /// Page 0 adds an aircraft to the set.
+    void addAircraft()
+    {
+        sandbox.write(aircraft, "AC#1,454,\"Airbus\"\r\n");
+        state().AddAircraftFlag = true;
+        page->continueWithSet();
+    }
+
+    void press(const QString &button) const
+    {
+        auto *const control = find<QAbstractButton>(button);
+        if (!control->isEnabled()) {
+            throw std::runtime_error(button.toStdString() + " is disabled");
+        }
+        QTest::mouseClick(control, Qt::LeftButton, {}, QPoint(12, control->height() / 2));
+    }
+
+    template <typename Control>
+    Control *find(const QString &name) const
+    {
+        return findControl<Control>(*page, name);
+    }
+
+    /// The controls that are enabled themselves, whatever the frame around them is.
+    QStringList enabled() const
+    {
+        QStringList names;
+        for (const QString &name : allControls) {
+            if (!find<QWidget>(name)->testAttribute(Qt::WA_ForceDisabled)) {
+                names += name;
+            }
+        }
+        return names;
+    }
+
+    /// The frames drawn in bold red; one that is only half so gets a question mark.
+    QStringList highlighted() const
+    {
+        QStringList names;
+        for (const QGroupBox *frame : page->findChildren<QGroupBox *>()) {
+            const bool bold = frame->font().bold();
+            const bool red = frame->palette().color(QPalette::WindowText) == QColor(Qt::red);
+            if (bold || red) {
+                names += frame->objectName() + (bold && red ? "" : "?");
+            }
+        }
+        return names;
+    }
+
+    QString text(const QString &box) const { return find<QLineEdit>(box)->text(); }
+
+    QString caption(const QString &button) const { return find<QAbstractButton>(button)->text(); }
+
+    bool isChosen(const QString &option) const { return find<QRadioButton>(option)->isChecked(); }
+
+    static QString focus()
+    {
+        return QApplication::focusWidget() ? QApplication::focusWidget()->objectName() : QString();
+    }
+
+    bool caretIsAtEnd() const
+    {
+        const auto *const box = find<QLineEdit>("tab2txtFltPlan");
+        return box->cursorPosition() == box->text().size();
+    }
+
+    /// The boxes so far, each as "icon, title: prompt", and forgets them.
+    QStringList messages()
+    {
+        static const QStringList icons = {"None", "Information", "Exclamation", "Critical"};
+        QStringList texts;
+        for (const MessageBox &box : std::exchange(outside.dialogs.boxes, {})) {
+            texts += icons[static_cast<int>(box.icon)] + ", " + box.title + ": " + box.prompt;
+        }
+        return texts;
+    }
+
+    void trace() { state().TraceOn = true; }
+
+    QStringList traced() const
+    {
+        QStringList lines;
+        for (const QString &line :
+             QString::fromUtf8(sandbox.read("C:\\Morlen\\TraceLog.txt")).split("\r\n")) {
+            if (!line.isEmpty()) {
+                lines += line.section(" - ", 1);
+            }
+        }
+        return lines;
+    }
+
+    /// The files in the directory, TTools left out.
+    QStringList files() const
+    {
+        QStringList names = QDir(sandbox.host("C:\\TTools")).entryList(QDir::Files);
+        names.removeOne("TTools.exe");
+        return names;
+    }
+
+    QStringList trashed() const
+    {
+        return QDir(sandbox.host("C:\\share\\Trash\\files")).entryList(QDir::Files);
+    }
+
+    FormState &state() { return services.state; }
+
+    Sandbox sandbox;
+    FakeOutside outside;
+    Services services{outside.outside()};
+    std::unique_ptr<FpSetPage> page;
+    QStringList asked; ///< what the page asked of the others, in order
+
+private:
+    static inline const QStringList allControls = {"tab2TToolsDir",
+                                                   "tab2txtTToolsDir",
+                                                   "tab2cmdFindTTools",
+                                                   "tab2Frame12",
+                                                   "tab2txtFltPlan",
+                                                   "tab2Command2",
+                                                   "tab2Frame2",
+                                                   "tab2optCreatefile",
+                                                   "tab2optCopyFile",
+                                                   "tab2txtAirport",
+                                                   "tab2cmdAirport",
+                                                   "tab2Frame3",
+                                                   "tab2optCreateNewAircraft",
+                                                   "tab2optCopyExistingAircraft",
+                                                   "tab2txtAircraft",
+                                                   "tab2cmdAircraft",
+                                                   "tab2Frame4",
+                                                   "tab2cmdCreateNewFP",
+                                                   "tab2cmdCancel",
+                                                   "tab2cmdQuit"};
+
+    void record()
+    {
+        using Page = FpSetPage;
+        const auto keep = [this](const QString &what) {
+            return [this, what](const QString &path) { asked += what + ' ' + path; };
+        };
+        FpSetPage *const sender = page.get();
+        QObject::connect(sender, &Page::airportsWanted, sender, keep("airports"));
+        QObject::connect(sender, &Page::aircraftWanted, sender, keep("aircraft"));
+        QObject::connect(sender, &Page::aircraftFileChosen, sender, keep("aircraft file"));
+        QObject::connect(sender, &Page::fileDiscarded, sender, keep("discarded"));
+        QObject::connect(sender, &Page::pageWanted, sender,
+                         [this](int number) { asked += "page " + QString::number(number); });
+        QObject::connect(sender, &Page::reminderDue, sender, [this] { asked += "reminder"; });
+        QObject::connect(sender, &Page::setClosed, sender, [this] { asked += "closed"; });
+        QObject::connect(sender, &Page::quitPressed, sender, [this] { asked += "quit"; });
+        QObject::connect(sender, &Page::helpWanted, sender, [this] { asked += "help"; });
+    }
+
+    QByteArray m_dataHome;
+};
