@@ -512,6 +512,11 @@ void AircraftLoaderPage::forgetFile(const QString &path)
     }
 }
 
+void AircraftLoaderPage::pointAtNoFolder()
+{
+    ui->Dir1->setCurrentIndex({});
+}
+
 void AircraftLoaderPage::reloadForNewSet()
 {
     if (m_state.reLoadNewPlan) {

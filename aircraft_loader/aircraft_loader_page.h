@@ -54,6 +54,9 @@ public:
     /// Asks for a text file when this one was the current one: it is gone.
     void forgetFile(const QString &path);
 
+    /// Leaves no entry of the folder picker selected.
+    void pointAtNoFolder();
+
     void focusFirstControl();
     void pressQuit();
 

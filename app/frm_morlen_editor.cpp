@@ -102,6 +102,9 @@ void frmMorlenEditor::connectPages()
     connect(m_fpSet, &FpSetPage::helpWanted, this, &Form::Tab2lblHelp_Click);
     connect(m_configEditor, &ConfigEditorPage::helpWanted, this, &Form::tab3VarloHelp_Click);
     connect(ui->lblHelp, &LinkLabel::clicked, this, &Form::lblHelp_Click);
+    connect(m_configEditor, &ConfigEditorPage::varloWanted, this, &Form::launchVarlo);
+    connect(m_configEditor, &ConfigEditorPage::aircraftEdited, m_aircraftLoader,
+            &AircraftLoaderPage::pointAtNoFolder);
     connect(ui->lblPellara, &LinkLabel::clicked, this, &Form::lblPellara_Click);
     connect(ui->lblAbout, &LinkLabel::clicked, this, &Form::lblAbout_Click);
 
@@ -276,12 +279,18 @@ void frmMorlenEditor::CheckRegistry()
     m_services.errors.run("Check Registry Errors", [this] {
         suite_registry::CheckRegistry(m_services.registry, m_services.state, windowTitle());
         ui->lblPellara->setVisible(!m_services.state.PellaraPath.isEmpty());
+        m_configEditor->offerVarlo(!m_services.state.VarloPath.isEmpty());
     });
 }
 
 void frmMorlenEditor::lblPellara_Click()
 {
     launch(m_services.state.PellaraPath, "Pellara.exe", m_services.state.PellaraCaption);
+}
+
+void frmMorlenEditor::launchVarlo()
+{
+    launch(m_services.state.VarloPath, "Varlo.exe", "Aircraft and Panel Configuration Editor");
 }
 
 void frmMorlenEditor::launch(const QString &path, const QString &program, const QString &caption)

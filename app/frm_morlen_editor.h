@@ -59,6 +59,7 @@ private:
 
     void CheckRegistry();
     void launch(const QString &path, const QString &program, const QString &caption);
+    void launchVarlo();
     void lblPellara_Click();
     void FindFSPath();
     void SaveSettings();

@@ -2,15 +2,52 @@
 #include "config_editor/config_editor_page.h"
 
 #include "app/services/fs_location.h"
+#include "config_editor/listing_dump.h"
+#include "config_editor/panel_cfg.h"
+#include "platform/basic_text.h"
+#include "platform/control_style.h"
+#include "platform/files.h"
+#include "platform/paths.h"
+#include "platform/repaint.h"
+
+#include <QScopeGuard>
+
+#include <algorithm>
 
 #include "ui_config_editor_page.h"
 
-ConfigEditorPage::ConfigEditorPage(Services & /*services*/, QWidget *parent)
-    : QWidget(parent), ui(std::make_unique<Ui::ConfigEditorPage>())
+namespace
+{
+
+const QString directoryPrompt =
+    QStringLiteral("<--- Please select your Flight Simulator Aircraft directory!");
+const QString totalCaption = QStringLiteral("Total Aircraft: ");
+const QString editorTitle = QStringLiteral("Config Editor");
+
+} // namespace
+
+ConfigEditorPage::ConfigEditorPage(Services &services, QWidget *parent)
+    : QWidget(parent),
+      ui(std::make_unique<Ui::ConfigEditorPage>()),
+      m_services(services),
+      m_state(services.state)
 {
     ui->setupUi(this);
-    connect(ui->Tab3Dir1, &DirListBox::pathChanged, this, &ConfigEditorPage::Tab3Dir1_Change);
-    connect(ui->tab3VarloHelp, &LinkLabel::clicked, this, &ConfigEditorPage::helpWanted);
+    using Page = ConfigEditorPage;
+    connect(ui->Tab3Drive1, &DriveListBox::driveChanged, this, &Page::Tab3Drive1_Change);
+    connect(ui->Tab3Dir1, &DirListBox::pathChanged, this, &Page::Tab3Dir1_Change);
+    connect(ui->Tab3Dir1, &DirListBox::openFailed, this,
+            [this](const RuntimeError &error, const QString &folder) {
+                m_state.ErrMsg = "Set path to " + folder;
+                m_services.errors.show("Directory Select Error", error);
+            });
+    connect(ui->Tab3List3->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            &Page::Tab3List3_Click);
+    connect(ui->Tab3cmdedit, &QPushButton::clicked, this, &Page::Tab3cmdedit_Click);
+    connect(ui->Tab3chkDumpList, &QCheckBox::toggled, this, &Page::Tab3chkDumpList_Click);
+    connect(ui->Tab3Label6, &LinkLabel::clicked, this, &Page::varloWanted);
+    connect(ui->tab3VarloHelp, &LinkLabel::clicked, this, &Page::helpWanted);
+    offerVarlo(false);
 }
 
 ConfigEditorPage::~ConfigEditorPage() = default;
@@ -28,6 +65,11 @@ void ConfigEditorPage::setDrive(const QString &drive)
 void ConfigEditorPage::openDirectory(const QString &directory)
 {
     ui->Tab3Dir1->setPath(directory);
+    ui->Tab3Drive1->showDrive(ui->Tab3Dir1->path());
+    // The picker begins in the current directory: opened again it fires no change.
+    if (m_directory.compare(ui->Tab3Dir1->path(), Qt::CaseInsensitive) != 0) {
+        Tab3Dir1_Change();
+    }
 }
 
 void ConfigEditorPage::showVarlo()
@@ -35,10 +77,18 @@ void ConfigEditorPage::showVarlo()
     ui->Tab3Label6->setText("Varlo");
 }
 
+void ConfigEditorPage::offerVarlo(bool installed)
+{
+    ui->Tab3Label6->setForegroundRole(installed ? QPalette::Link : QPalette::WindowText);
+    ui->Tab3Label6->setFocusPolicy(installed ? Qt::TabFocus : Qt::NoFocus);
+    // Plain text neither turns bold under the mouse nor takes clicks.
+    ui->Tab3Label6->setAttribute(Qt::WA_TransparentForMouseEvents, !installed);
+}
+
 void ConfigEditorPage::showFirstAircraft()
 {
     if (ui->Tab3List3->count() == 0) {
-        ui->Tab3List3->addItem("<--- Please select your Flight Simulator Aircraft directory!");
+        ui->Tab3List3->addItem(directoryPrompt);
         ui->Tab3chkDumpList->setEnabled(false);
     } else {
         selectFirstEntry();
@@ -50,9 +100,286 @@ void ConfigEditorPage::selectFirstEntry()
     ui->Tab3List3->setListIndex(ui->Tab3List3->count() > 0 ? 0 : -1);
 }
 
+void ConfigEditorPage::Tab3Drive1_Change()
+{
+    m_services.errors.run("Directory Select Error", [this] {
+        m_state.ErrMsg = "Set path to " + ui->Tab3Drive1->drive();
+        ui->Tab3Dir1->setPath(ui->Tab3Drive1->drive());
+    });
+    ui->Tab3Drive1->showDrive(ui->Tab3Dir1->path()); // not a drive that cannot be read
+}
+
 void ConfigEditorPage::Tab3Dir1_Change()
 {
-    if (fs_location::endsInAircraftFolder(ui->Tab3Dir1->path())) {
-        Q_EMIT directoryChosen(ui->Tab3Dir1->path());
+    m_services.errors.run("Directory Select Error", [this] {
+        const QString directory = ui->Tab3Dir1->path();
+        m_directory = directory;
+        if (!fs_location::endsInAircraftFolder(directory)) {
+            askForDirectory();
+            return;
+        }
+        Q_EMIT directoryChosen(directory);
+        m_root = aircraft_catalogue::rootOf(directory);
+        m_state.ErrMsg = "Set path to " + directory;
+        m_services.log.write("Editor Path is " + directory);
+        ui->Tab3File1->setPath(directory);
+        clearLists();
+        showTotal();
+        Tab3LoadList();
+    });
+}
+
+void ConfigEditorPage::askForDirectory()
+{
+    clearLists();
+    ui->Tab3List3->addItem(directoryPrompt);
+    ui->Tab3Label2->setText(totalCaption);
+    setEditingEnabled(false);
+}
+
+void ConfigEditorPage::clearLists()
+{
+    showCatalogue({});
+}
+
+/// A directory of the combat simulator holds folders that are no aircraft.
+void ConfigEditorPage::showTotal()
+{
+    const QString directory = ui->Tab3Dir1->path();
+    const QStringList folders = ui->Tab3Dir1->subFolders();
+    const auto hasConfig = [&](const QString &folder) {
+        return files::exists(paths::join(directory, folder) + "\\aircraft.cfg");
+    };
+    const bool combat = basic::lower(directory).contains(QLatin1String("combat"));
+    const qsizetype total =
+        combat ? std::count_if(folders.begin(), folders.end(), hasConfig) : folders.size();
+    ui->Tab3Label2->setText(totalCaption + QString::number(total));
+}
+
+void ConfigEditorPage::Tab3LoadList()
+{
+    const WaitPointer pointer;
+    m_services.errors.run("Tab3LoadList Error", [this] {
+        AircraftCatalogue catalogue;
+        showLoading(true);
+        const auto show = qScopeGuard([&] {
+            showCatalogue(catalogue);
+            showLoading(false);
+            setEditingEnabled(true);
+        });
+        readCatalogue(catalogue);
+        if (catalogue.folderNames.isEmpty()) {
+            catalogue.folderNames += "All Aircraft Have Force Feedback";
+        }
+        m_state.ErrMsg = "Adding Horizontal Scroll to Tab3List3"; // which the list does itself
+    });
+}
+
+void ConfigEditorPage::readCatalogue(AircraftCatalogue &catalogue)
+{
+    Repaint repaint;
+    m_state.ErrMsg = "Loop through Aircraft Directories";
+    const QStringList folders = ui->Tab3Dir1->subFolders();
+    ui->loadingBar->setRange(0, qMax<int>(1, static_cast<int>(folders.size())));
+    catalogue.run(ui->Tab3Dir1->path(), folders, m_state.ErrMsg,
+                  {.folderReached =
+                       [&](int index) {
+                           if (isVisible() && repaint.isDue()) {
+                               ui->loadingBar->setValue(index);
+                               Repaint::now();
+                           }
+                       },
+                   .aircraftRead =
+                       [this](const QString &folder) {
+                           if (m_state.TraceOn) {
+                               m_services.log.write("Adding Aircraft " + folder);
+                           }
+                       },
+                   .fileFailed =
+                       [this](const RuntimeError &error) {
+                           m_services.errors.show("Tab3CheckFile Error", error);
+                       }});
+}
+
+void ConfigEditorPage::showCatalogue(const AircraftCatalogue &catalogue)
+{
+    ui->Tab3List1->setItems(catalogue.folders);
+    ui->Tab3List2->setItems(catalogue.folderNames);
+    ui->Tab3List3->setItems(catalogue.names);
+    ui->Tab3List4->setItems(catalogue.cfgFiles);
+    ui->Tab3List5->setItems(catalogue.aliases);
+    ui->Tab3List6->setItems(catalogue.panels);
+    ui->Tab3List7->setItems(catalogue.listing);
+    ui->Tab3List2->setListIndex(catalogue.folderNames.isEmpty() ? -1 : 0);
+    // That entry says that there is no aircraft at all: nothing could be edited.
+    const bool none = ui->Tab3List2->text(0).startsWith("All Aircraft");
+    ui->Tab3optAircraft->setVisible(!none);
+    ui->Tab3optPanel->setVisible(!none);
+    ui->Tab3cmdedit->setVisible(!none);
+    ui->noAircraftLabel->setVisible(none);
+    ui->Tab3Label2->setToolTip(catalogue.folders.isEmpty() ? QString()
+                                                           : " No Aircraft Have Force Feedback ");
+}
+
+void ConfigEditorPage::showLoading(bool loading)
+{
+    ui->loadingLabel->setVisible(loading);
+    ui->loadingBar->setVisible(loading);
+    ui->loadingBar->setValue(0);
+    ui->Tab3List3->setVisible(!loading);
+}
+
+void ConfigEditorPage::setEditingEnabled(bool enabled)
+{
+    ui->Tab3cmdedit->setEnabled(enabled);
+    ui->Tab3chkDumpList->setEnabled(enabled);
+}
+
+void ConfigEditorPage::Tab3List3_Click()
+{
+    for (ListBox *list : {ui->Tab3List4, ui->Tab3List5, ui->Tab3List6, ui->Tab3List7}) {
+        list->setListIndex(ui->Tab3List3->listIndex());
+    }
+}
+
+void ConfigEditorPage::Tab3cmdedit_Click()
+{
+    m_services.errors.run(editorTitle, [this] {
+        m_noPanel = false;
+        const bool aircraft = ui->Tab3optAircraft->isChecked();
+        const bool panel = ui->Tab3optPanel->isChecked();
+        const int entry = ui->Tab3List3->listIndex();
+        if ((aircraft || panel) && entry < 0) {
+            m_services.dialogs.show({.prompt = "Please select an Aircraft to edit!",
+                                     .title = editorTitle,
+                                     .icon = MessageBox::Icon::Information});
+            return;
+        }
+        if (aircraft) {
+            openAircraftCfg(ui->Tab3List4->text(entry));
+        } else if (panel && !openPanelCfg(ui->Tab3List4->text(entry), ui->Tab3List6->text(entry))) {
+            return;
+        }
+        if (!m_noPanel) {
+            askForChanges();
+        }
+    });
+}
+
+void ConfigEditorPage::openAircraftCfg(const QString &cfgFile)
+{
+    m_editPath = cfgFile;
+    const QString command = "Notepad " + m_editPath;
+    m_services.log.write("Edit Aircraft.cfg file " + command);
+    startNotepad(command);
+}
+
+/// Returns whether the handler goes on: not when the user wants none of the panels.
+bool ConfigEditorPage::openPanelCfg(const QString &cfgFile, const QString &panel)
+{
+    m_editPath = panel_cfg::path(cfgFile, panel);
+    m_services.log.write("Edit Panel.cfg file " + m_editPath);
+    if (!files::exists(m_editPath) || files::isFolder(m_editPath)) {
+        m_services.dialogs.show({.prompt = "This is an AI Aircraft and has no Panel!",
+                                 .title = editorTitle,
+                                 .icon = MessageBox::Icon::Information});
+        m_noPanel = true;
+        return true;
+    }
+    checkAlias(cfgFile);
+    if (m_aliasAnswer == MessageBox::Answer::No) {
+        return false;
+    }
+    startNotepad("Notepad.exe " + m_editPath);
+    return true;
+}
+
+void ConfigEditorPage::checkAlias(const QString &cfgFile)
+{
+    m_services.log.write("Setting Panel Shell String");
+    m_state.ErrMsg = "Opening " + m_editPath;
+    const std::optional<QString> alias = panel_cfg::aliasIn(files::readAll(m_editPath));
+    if (!alias) {
+        return;
+    }
+    const auto ask = [this](const QString &title, const QString &prompt) {
+        return m_services.dialogs.show({.prompt = prompt,
+                                        .title = title,
+                                        .icon = MessageBox::Icon::Information,
+                                        .buttons = MessageBox::Buttons::YesNo,
+                                        .defaultButton = MessageBox::Answer::Yes});
+    };
+    m_aliasAnswer = ask("Aliased Panel", "This Panel is Aiased to " + *alias +
+                                             "\r\rDo you want to edit the aliased Panel?");
+    if (m_aliasAnswer == MessageBox::Answer::Yes) {
+        m_editPath = panel_cfg::aliasedPath(cfgFile, m_root, *alias);
+        return;
+    }
+    m_aliasAnswer = ask("Original Panel", "Do you want to edit this non-aliased Panel?\r\r" +
+                                              panel_cfg::path(cfgFile, QString()));
+    if (m_aliasAnswer == MessageBox::Answer::Yes) {
+        m_editPath = panel_cfg::originalPath(cfgFile);
+    }
+}
+
+void ConfigEditorPage::askForChanges()
+{
+    const MessageBox::Answer answer =
+        m_services.dialogs.show({.prompt = "Have you made changes to " + m_editPath + " file?",
+                                 .title = "Edit Function",
+                                 .buttons = MessageBox::Buttons::YesNo,
+                                 .defaultButton = MessageBox::Answer::No});
+    if (answer != MessageBox::Answer::Yes) {
+        return;
+    }
+    const QString selected = ui->Tab3List4->text(ui->Tab3List3->listIndex());
+    clearLists();
+    ui->Tab3Dir1->refresh(); // aircraft installed since the folder was opened count too
+    showTotal();
+    Tab3LoadList();
+    ui->Tab3List3->setListIndex(static_cast<int>(ui->Tab3List4->items().indexOf(selected)));
+    Q_EMIT aircraftEdited();
+}
+
+void ConfigEditorPage::startNotepad(const QString &command)
+{
+    constexpr int normalWindow = 1;
+    m_state.ErrMsg = command;
+    m_services.processes.start(command, normalWindow);
+}
+
+void ConfigEditorPage::Tab3chkDumpList_Click()
+{
+    m_dumpRequested = ui->Tab3chkDumpList->isChecked();
+    if (m_dumpRequested) {
+        // A failed dump leaves nothing to view, and the box ready to be ticked again.
+        const bool dumped = m_services.errors.run("DumpListing Error", [this] { DumpListing(); });
+        if (!dumped) {
+            ui->Tab3chkDumpList->setChecked(false);
+        }
+    }
+}
+
+void ConfigEditorPage::DumpListing()
+{
+    const QString file = m_state.MorlenEDir + "AircraftList.txt";
+    if (m_dumpRequested) {
+        m_services.log.write("Dumping Aircraft Listing to " + file);
+        m_state.ErrMsg = "Opening " + file;
+        files::writeAll(file, listing_dump::compose(ui->Tab3List7->items(), m_services.clock.now(),
+                                                    QLocale::system()));
+    }
+    m_services.log.write("Dump Completed");
+    const MessageBox::Answer answer = m_services.dialogs.show(
+        {.prompt = "Current Aircraft listing has been saved to: \r\r" + file +
+                   "\r\rDo you want to view the Aircraft Listing now?",
+         .title = "Aircraft Text Listing",
+         .icon = MessageBox::Icon::Information,
+         .buttons = MessageBox::Buttons::YesNo,
+         .defaultButton = MessageBox::Answer::No});
+    if (answer == MessageBox::Answer::Yes) {
+        startNotepad("Notepad " + file);
+    } else {
+        ui->Tab3chkDumpList->setChecked(false);
     }
 }

@@ -97,11 +97,19 @@ std::optional<HostCommand> desktopEditor(const QString &argument)
 /// The host file of a program name, or nothing. Only a name without a folder is searched for.
 QString findProgram(const QString &program)
 {
-    const QStringList candidates =
-        program.contains('\\') || program.contains(':') || program.startsWith('/')
-            ? QStringList{program}
-            : QStringList{paths::join(paths::systemDirectory(), program),
-                          paths::join(paths::windowsDirectory(), program)};
+    const bool searched =
+        !program.contains('\\') && !program.contains(':') && !program.startsWith('/');
+    QStringList candidates;
+    if (searched) {
+        for (const QString &folder : {paths::systemDirectory(), paths::windowsDirectory()}) {
+            candidates += paths::join(folder, program);
+            if (!program.contains('.')) {
+                candidates += paths::join(folder, program + ".exe");
+            }
+        }
+    } else {
+        candidates += program;
+    }
     for (const QString &candidate : candidates) {
         try {
             const QString host = paths::toHost(candidate);
@@ -112,7 +120,7 @@ QString findProgram(const QString &program)
             return {}; // no file can have such a name
         }
     }
-    return candidates.size() > 1 ? QStandardPaths::findExecutable(program) : QString();
+    return searched ? QStandardPaths::findExecutable(program) : QString();
 }
 
 /// An argument as a native program understands it: a Windows path becomes the host's.
@@ -161,8 +169,10 @@ HostCommand resolveCommand(const QString &commandLine)
             break;
         }
     }
-    if (line.startsWith("notepad.exe ", Qt::CaseInsensitive)) {
-        const auto editor = desktopEditor(nativeArgument(line.sliced(12).trimmed()));
+    const qsizetype blank = line.indexOf(' ');
+    const QString name = line.left(blank).toLower();
+    if (blank > 0 && (name == "notepad" || name == "notepad.exe")) {
+        const auto editor = desktopEditor(nativeArgument(line.sliced(blank + 1).trimmed()));
         if (editor) {
             return *editor;
         }

@@ -402,8 +402,10 @@ void TestProcess::notepadOfTheSystemIsTaken()
     programs.add("C:\\Path\\gedit");
     programs.add("C:\\Path\\wine");
     programs.sandbox.write("C:\\windows\\notepad.exe", "MZ\x90");
-    QCOMPARE(programs.resolved("NOTEPAD.EXE C:\\my set.txt"),
-             (QStringList{"c:/Path/wine", "c:/windows/notepad.exe", "C:\\my set.txt"}));
+    for (const char *name : {"NOTEPAD.EXE", "Notepad"}) { // the ending may be left out
+        QCOMPARE(programs.resolved(QString(name) + " C:\\my set.txt"),
+                 (QStringList{"c:/Path/wine", "c:/windows/notepad.exe", "C:\\my set.txt"}));
+    }
 }
 
 void TestProcess::editorStandsInForNotepad_data()
@@ -431,6 +433,7 @@ void TestProcess::editorStandsInForNotepad()
         programs.add("C:\\Path\\" + editor);
     }
     QCOMPARE(programs.resolved("NOTEPAD.EXE C:\\TTools\\my set.txt"), words);
+    QCOMPARE(programs.resolved("Notepad C:\\TTools\\my set.txt"), words);
 }
 
 void TestProcess::noNotepadAndNoEditorFails()

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+// The installed aircraft as page 3 lists them.
+#pragma once
+
+#include "platform/runtime_error.h"
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+
+/// Which folder of the simulator the aircraft folders lie in.
+enum class AircraftRoot { Aircraft, Airplanes, Rotorcraft };
+
+/// What page 3 takes from one aircraft.cfg. The last value of a key wins, whatever section it
+/// stands in.
+struct ConfigContent {
+    bool empty = false;   ///< the file has no bytes at all
+    bool aliased = false; ///< the word "alias" stands somewhere in it
+    QString panel;        ///< the value of "panel="; empty without one
+    QString displayName;  ///< as shown; empty when one of the four keys of a name is missing
+
+    static ConfigContent parse(const QByteArray &bytes);
+};
+
+/// Lists of one entry for each aircraft, all in the same order.
+struct AircraftCatalogue {
+    /// Called before each folder with its index; with the name of the folder whose aircraft.cfg was
+    /// read; and with the failure of one file, which does not end the walk.
+    struct Listener {
+        std::function<void(int)> folderReached;
+        std::function<void(const QString &)> aircraftRead;
+        std::function<void(const RuntimeError &)> fileFailed;
+    };
+
+    /// Reads the aircraft.cfg of each of the sub-folders, in their order. `ErrMsg` is set to the
+    /// step. What was found so far stays when a folder cannot be read. Throws RuntimeError: Path
+    /// not found (76), Path/File access error (75).
+    void run(const QString &directory, const QStringList &subFolders, QString &ErrMsg,
+             const Listener &listener);
+
+    QStringList names;    ///< as shown
+    QStringList cfgFiles; ///< full paths of the aircraft.cfg files
+    QStringList aliases;  ///< "alias" for an aliased configuration, else empty
+    QStringList panels;   ///< panel values
+    QStringList listing;  ///< lines of the aircraft listing
+
+    // One entry for each aircraft.cfg, be it listed or not: the aircraft without force feedback,
+    // which are all.
+    QStringList folders;     ///< paths
+    QStringList folderNames; ///< names
+};
+
+namespace aircraft_catalogue
+{
+
+/// Goes by the last word of a directory's path, blind to case.
+AircraftRoot rootOf(const QString &directory);
+
+/// The 1-based position of the root's word ("\aircraft") in a path, blind to case; 0 without it.
+qsizetype rootPosition(const QString &path, AircraftRoot root);
+
+/// The text without the characters whose codes are below 32 or above 122.
+QString CheckName(const QString &text);
+
+/// An aircraft's folder below the root folder: "beech_baron_58". With the two longer words the cut
+/// falls inside the word or before the backslash behind it. Where the path has no such word the
+/// folder's name alone.
+QString folderText(const QString &cfgFile, AircraftRoot root);
+
+} // namespace aircraft_catalogue

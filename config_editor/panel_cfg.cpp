@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#include "config_editor/panel_cfg.h"
+
+#include "platform/basic_text.h"
+
+namespace panel_cfg
+{
+
+QString aircraftFolder(const QString &cfgFile)
+{
+    constexpr qsizetype fileNameLength = 12; // of "aircraft.cfg"
+    return cfgFile.chopped(qMin(fileNameLength, cfgFile.size()));
+}
+
+QString path(const QString &cfgFile, const QString &panel)
+{
+    const QString value = basic::trim(panel);
+    return aircraftFolder(cfgFile) + (value.isEmpty() ? "Panel" : "Panel." + value) + "\\panel.cfg";
+}
+
+std::optional<QString> aliasIn(const QByteArray &bytes)
+{
+    const QByteArrayView key = "alias=";
+    basic::LineReader reader(bytes);
+    while (!reader.atEnd()) {
+        const QByteArrayView line = reader.next();
+        if (line.startsWith(key)) {
+            return basic::decodeCodePage(line.sliced(key.size()));
+        }
+    }
+    return std::nullopt;
+}
+
+QString aliasedPath(const QString &cfgFile, AircraftRoot root, const QString &alias)
+{
+    const QString folder = aircraftFolder(cfgFile);
+    const qsizetype position = aircraft_catalogue::rootPosition(folder, root);
+    const qsizetype kept = root == AircraftRoot::Aircraft ? 9 : 10;
+    // Without the word in the path the root is the folder that the aircraft's folder lies in.
+    const QString rootFolder =
+        position > 0 ? folder.left(position + kept) : folder.left(folder.lastIndexOf('\\', -2) + 1);
+    return rootFolder + alias + "\\panel.cfg";
+}
+
+QString originalPath(const QString &cfgFile)
+{
+    return aircraftFolder(cfgFile) + "\\panel\\panel.cfg";
+}
+
+} // namespace panel_cfg
