@@ -249,15 +249,16 @@ void ConfigEditorPage::Tab3cmdedit_Click()
         const bool aircraft = ui->Tab3optAircraft->isChecked();
         const bool panel = ui->Tab3optPanel->isChecked();
         const int entry = ui->Tab3List3->listIndex();
-        if ((aircraft || panel) && entry < 0) {
+        const QString cfgFile = ui->Tab3List4->text(entry); // empty for the prompt, too
+        if ((aircraft || panel) && cfgFile.isEmpty()) {
             m_services.dialogs.show({.prompt = "Please select an Aircraft to edit!",
                                      .title = editorTitle,
                                      .icon = MessageBox::Icon::Information});
             return;
         }
         if (aircraft) {
-            openAircraftCfg(ui->Tab3List4->text(entry));
-        } else if (panel && !openPanelCfg(ui->Tab3List4->text(entry), ui->Tab3List6->text(entry))) {
+            openAircraftCfg(cfgFile);
+        } else if (panel && !openPanelCfg(cfgFile, ui->Tab3List6->text(entry))) {
             return;
         }
         if (!m_noPanel) {

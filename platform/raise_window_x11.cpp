@@ -65,7 +65,9 @@ public:
         xcb_send_event(m_connection, 0, root(),
                        XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
                        message.data());
-        xcb_flush(m_connection);
+        // An answer tells that the server has seen the message too: closing at once could lose it.
+        const Reply<xcb_get_input_focus_reply_t> answer(
+            xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
     }
 
 private:

@@ -77,7 +77,7 @@ QString TraceLog::banner(const QString &text)
 QString TraceLog::timeFormat(const QLocale &locale)
 {
     // The long format ends in the time zone ("t", in brackets somewhere), which nobody reads here.
-    static const QRegularExpression zone("\\s*\\(?t+\\)?");
+    static const QRegularExpression zone(R"(\s*\(?t+\)?)");
     return locale.timeFormat(QLocale::LongFormat).remove(zone).trimmed();
 }
 

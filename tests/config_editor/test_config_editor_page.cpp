@@ -155,6 +155,7 @@ private Q_SLOTS:
     void changedFileReloadsTheListAndKeepsTheAircraft();
     void neitherOptionAsksAboutTheLastFile();
     void withoutAnAircraftNothingIsOpened();
+    void promptIsNoAircraft();
     void notepadThatCannotBeStartedIsReported();
     void notepadTakesAnyNameAsOneArgument_data();
     void notepadTakesAnyNameAsOneArgument();
@@ -565,6 +566,19 @@ void TestConfigEditorPage::withoutAnAircraftNothingIsOpened()
     editor.start();
     editor.press("Tab3optAircraft");
     editor.press("Tab3cmdedit");
+    QCOMPARE(editor.messages(),
+             QStringList{"Information, Config Editor: Please select an Aircraft to edit!"});
+    QCOMPARE(editor.started(), QStringList());
+}
+
+void TestConfigEditorPage::promptIsNoAircraft()
+{
+    Editor editor;
+    editor.sandbox.write("C:\\FS9\\Aircraft\\x\\aircraft.cfg", "");
+    editor.start();
+    editor.page->showFirstAircraft(); // as at start-up, when nothing is listed
+    QCOMPARE(editor.items("Tab3List3"), QStringList{prompt});
+    editor.editPanelOf(0);
     QCOMPARE(editor.messages(),
              QStringList{"Information, Config Editor: Please select an Aircraft to edit!"});
     QCOMPARE(editor.started(), QStringList());
