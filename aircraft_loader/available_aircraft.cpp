@@ -1,61 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "aircraft_loader/available_aircraft.h"
 
+#include "app/services/aircraft_folders.h"
 #include "platform/basic_text.h"
-#include "platform/files.h"
-#include "platform/parallel.h"
 #include "platform/paths.h"
 
 #include <QStringBuilder>
-
-#include <optional>
-#include <vector>
-
-namespace
-{
-
-/// What a look into one aircraft folder gave.
-struct Visit {
-    std::optional<RuntimeError> folderFailure;
-    QString file; ///< name of the aircraft.cfg, empty without one
-    std::optional<RuntimeError> fileFailure;
-    AircraftCfgContent parsed;
-
-    const AircraftCfgContent &content() const
-    {
-        if (fileFailure) {
-            throw RuntimeError(*fileFailure);
-        }
-        return parsed;
-    }
-};
-
-Visit visit(const files::SubFolderReader &reader, const QString &subFolder)
-{
-    thread_local files::FoundFile found; // its memory serves file after file
-    Visit visit;
-    try {
-        reader.read(subFolder, QStringLiteral("aircraft.cfg"), found);
-        visit.file = found.name;
-        visit.fileFailure = found.failure;
-        if (!found.failure) {
-            visit.parsed = AircraftCfgContent::parse(found.content);
-        }
-    } catch (const RuntimeError &error) {
-        visit.folderFailure = error;
-    }
-    return visit;
-}
-
-std::vector<Visit> visitAll(const files::SubFolderReader &reader, const QStringList &subFolders)
-{
-    std::vector<Visit> visits(static_cast<std::size_t>(subFolders.size()));
-    inParallel(static_cast<int>(subFolders.size()),
-               [&](int i) { visits[static_cast<std::size_t>(i)] = visit(reader, subFolders[i]); });
-    return visits;
-}
-
-} // namespace
 
 void AircraftWalk::Layout::take(const QString &directory)
 {
@@ -92,12 +42,14 @@ void AircraftWalk::run(const QString &directory, const QStringList &subFolders, 
     entries.clear();
     ErrMsg = "Loop through Aircraft Directories";
     const files::SubFolderReader reader(directory);
+    using Visit = aircraft_folders::Visit<AircraftCfgContent>;
     std::vector<Visit> visits;
     constexpr qsizetype step = 64; // folders visited on all processors before progress can show
     for (qsizetype i = 0; i < subFolders.size(); ++i) {
         listener.folderReached(static_cast<int>(i));
         if (i % step == 0) {
-            visits = visitAll(reader, subFolders.sliced(i, qMin(step, subFolders.size() - i)));
+            visits = aircraft_folders::visitAll<AircraftCfgContent>(
+                reader, subFolders.sliced(i, qMin(step, subFolders.size() - i)));
         }
         const QString folder = paths::join(directory, subFolders[i]);
         ErrMsg = u"Set path to " % folder;

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "config_editor/aircraft_catalogue.h"
 
+#include "app/services/aircraft_folders.h"
 #include "config_editor/listing_dump.h"
 #include "platform/basic_text.h"
-#include "platform/files.h"
-#include "platform/parallel.h"
 #include "platform/paths.h"
 
 #include <QStringBuilder>
@@ -84,39 +83,6 @@ struct NameKeys {
     }
 };
 
-/// What a look into one aircraft folder gave.
-struct Visit {
-    std::optional<RuntimeError> folderFailure;
-    QString file; ///< name of the aircraft.cfg, empty without one
-    std::optional<RuntimeError> fileFailure;
-    ConfigContent content;
-};
-
-Visit visit(const files::SubFolderReader &reader, const QString &subFolder)
-{
-    thread_local files::FoundFile found; // its memory serves file after file
-    Visit visit;
-    try {
-        reader.read(subFolder, QStringLiteral("aircraft.cfg"), found);
-        visit.file = found.name;
-        visit.fileFailure = found.failure;
-        if (!found.failure) {
-            visit.content = ConfigContent::parse(found.content);
-        }
-    } catch (const RuntimeError &error) {
-        visit.folderFailure = error;
-    }
-    return visit;
-}
-
-std::vector<Visit> visitAll(const files::SubFolderReader &reader, const QStringList &subFolders)
-{
-    std::vector<Visit> visits(static_cast<std::size_t>(subFolders.size()));
-    inParallel(static_cast<int>(subFolders.size()),
-               [&](int i) { visits[static_cast<std::size_t>(i)] = visit(reader, subFolders[i]); });
-    return visits;
-}
-
 void append(AircraftCatalogue &catalogue, const QString &cfgFile, const ConfigContent &content,
             AircraftRoot root)
 {
@@ -164,12 +130,14 @@ void AircraftCatalogue::run(const QString &directory, const QStringList &subFold
     ErrMsg = "Loop through Aircraft Directories";
     const AircraftRoot root = aircraft_catalogue::rootOf(directory);
     const files::SubFolderReader reader(directory);
+    using Visit = aircraft_folders::Visit<ConfigContent>;
     std::vector<Visit> visits;
     constexpr qsizetype step = 64; // folders visited on all processors before progress can show
     for (qsizetype i = 0; i < subFolders.size(); ++i) {
         listener.folderReached(static_cast<int>(i));
         if (i % step == 0) {
-            visits = visitAll(reader, subFolders.sliced(i, qMin(step, subFolders.size() - i)));
+            visits = aircraft_folders::visitAll<ConfigContent>(
+                reader, subFolders.sliced(i, qMin(step, subFolders.size() - i)));
         }
         const QString folder = paths::join(directory, subFolders[i]);
         ErrMsg = u"Set path to " % folder;
@@ -184,8 +152,8 @@ void AircraftCatalogue::run(const QString &directory, const QStringList &subFold
         if (visit.fileFailure) {
             ErrMsg = u"Opening " % cfgFile;
             listener.fileFailed(*visit.fileFailure);
-        } else if (!visit.content.empty && !visit.content.displayName.isEmpty()) {
-            append(*this, cfgFile, visit.content, root);
+        } else if (!visit.parsed.empty && !visit.parsed.displayName.isEmpty()) {
+            append(*this, cfgFile, visit.parsed, root);
         }
         listener.aircraftRead(subFolders[i]);
         folders += folder;

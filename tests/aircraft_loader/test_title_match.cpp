@@ -93,7 +93,7 @@ struct Kind {
 class RandomLists
 {
 public:
-    RandomLists(const Kind &kind, quint32 seed) : m_kind(kind), m_random(seed)
+    RandomLists(const Kind &kind, quint32 round) : m_kind(kind), m_random(round)
     {
         for (int i = number(40); i > 0; --i) {
             m_titles += title();
@@ -358,11 +358,11 @@ void TestTitleMatch::resultIsThatOfThePlainSearch()
     qsizetype removed = 0;
     int failed = 0;
     int endedEarly = 0;
-    for (quint32 seed = 1; seed <= rounds; ++seed) {
-        const RandomLists lists(kind, seed);
+    for (quint32 round = 1; round <= rounds; ++round) {
+        const RandomLists lists(kind, round);
         const Outcome expected = plainSearch(lists.existing, lists.available);
         QVERIFY2(outcome(lists.existing, lists.available) == expected,
-                 qPrintable("seed " + QString::number(seed)));
+                 qPrintable("round " + QString::number(round)));
         removed += lists.available.size() - expected.remaining.size();
         failed += expected.failure.isEmpty() ? 0 : 1;
         endedEarly += expected.endedEarly ? 1 : 0;

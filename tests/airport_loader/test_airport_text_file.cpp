@@ -43,7 +43,7 @@ struct KnownList {
 class RandomAirports
 {
 public:
-    explicit RandomAirports(quint32 seed) : m_random(seed) {}
+    explicit RandomAirports(quint32 round) : m_random(round) {}
 
     KnownList list()
     {
@@ -487,8 +487,8 @@ void TestAirportTextFile::listOf500000LinesIsSearchedOnce()
 void TestAirportTextFile::randomChoicesAreFoundAsByAPlainLoop()
 {
     std::size_t matches = 0;
-    for (quint32 seed = 1; seed <= 500; ++seed) {
-        RandomAirports airports(seed);
+    for (quint32 round = 1; round <= 500; ++round) {
+        RandomAirports airports(round);
         const KnownList list = airports.list();
         const QList<AirportChoice> choices = airports.choices();
         std::vector<std::pair<int, qsizetype>> lines;
@@ -496,7 +496,7 @@ void TestAirportTextFile::randomChoicesAreFoundAsByAPlainLoop()
             lines.emplace_back(chosen.choice, chosen.line.data() - list.bytes.constData());
         }
         const auto expected = plainLoop(list, choices);
-        QVERIFY2(lines == expected, qPrintable("seed " + QString::number(seed)));
+        QVERIFY2(lines == expected, qPrintable("round " + QString::number(round)));
         matches += expected.size();
     }
     QVERIFY2(matches > 10'000, qPrintable(QString::number(matches))); // enough to tell anything
