@@ -5,67 +5,8 @@
 
 #include <QStringBuilder>
 
-#include <algorithm>
-#include <cmath>
-
-namespace
-{
-
-/// Whether a line begins with a word given in lower case, blind to case. Nearly always the first
-/// character decides.
-bool beginsWith(QByteArrayView line, QByteArrayView word)
-{
-    const auto equal = [](char a, char b) {
-        return a == b || (a >= 'A' && a <= 'Z' && a + 32 == b);
-    };
-    return line.size() >= word.size() &&
-           std::equal(word.begin(), word.end(), line.begin(),
-                      [&](char expected, char actual) { return equal(actual, expected); });
-}
-
-/// What follows the first "=", trimmed; the whole line when there is none.
-QString valueIn(QByteArrayView line)
-{
-    return basic::decodeCodePage(basic::trim(line.sliced(line.indexOf('=') + 1)));
-}
-
-} // namespace
-
-AircraftCfgContent AircraftCfgContent::parse(const QByteArray &bytes)
-{
-    AircraftCfgContent content;
-    content.empty = bytes.isEmpty();
-    try {
-        content.read(bytes);
-    } catch (const RuntimeError &error) {
-        content.failure = error;
-    }
-    return content;
-}
-
-void AircraftCfgContent::read(const QByteArray &bytes)
-{
-    basic::LineReader reader(bytes);
-    while (!reader.atEnd()) {
-        QByteArrayView line = reader.next();
-        if (beginsWith(line, "[fltsim.")) {
-            // The title is expected right below its header, whatever the key there is called.
-            line = reader.next();
-            if (titles.size() == mostTitles) {
-                throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
-            }
-            titles += valueIn(line);
-        }
-        if (beginsWith(line, "cruise_speed")) {
-            speed = aircraft_cfg::speedIn(basic::decodeCodePage(line));
-            complete = true;
-            return;
-        }
-    }
-}
-
 void AircraftCfg::CheckFile(const QString &CfgFileName,
-                            const std::function<AircraftCfgContent()> &readFile, QString &ErrMsg)
+                            const std::function<TrafficContent()> &readFile, QString &ErrMsg)
 {
     Speed.clear();
     AircraftTitles.clear();
@@ -73,7 +14,7 @@ void AircraftCfg::CheckFile(const QString &CfgFileName,
         return; // models for online flying: no traffic, and HaveData is not theirs to change
     }
     ErrMsg = u"Opening " % CfgFileName;
-    const AircraftCfgContent content = readFile();
+    const TrafficContent content = readFile();
     if (content.empty) {
         return;
     }
@@ -88,15 +29,6 @@ void AircraftCfg::CheckFile(const QString &CfgFileName,
 
 namespace aircraft_cfg
 {
-
-QString speedIn(const QString &line)
-{
-    const qsizetype equals = basic::inStr(line, "=");
-    const qsizetype comment = basic::inStr(line, "//");
-    const qsizetype length = comment > 0 ? line.size() - comment + 1 : line.size();
-    const QString text = basic::trim(basic::mid(line, equals + 1, length));
-    return basic::wholeNumberText(std::floor(basic::val(text)));
-}
 
 QString folderName(const QString &CfgFileName, bool AirplanesLayout, bool RotorcraftLayout)
 {

@@ -132,13 +132,13 @@ void AircraftLoaderPage::walkFolders()
     Repaint repaint;
     m_state.ErrMsg = "Loop through Aircraft Directories";
     ui->Dir1->refresh(); // aircraft installed since the folder was opened count too
-    const QStringList folders = ui->Dir1->subFolders();
+    const QStringList folders = m_services.aircraftFolders.subFolders(ui->Dir1->path());
     const auto keep = qScopeGuard([this] {
         ui->Tab0List1->setItems(m_walk.folders);
         ui->Tab0List2->setItems(m_walk.entries);
     });
     ui->ProgressBar1->setRange(0, qMax<int>(1, static_cast<int>(folders.size())));
-    m_walk.run(ui->Dir1->path(), folders, m_layout, m_state.ErrMsg,
+    m_walk.run(m_services.aircraftFolders, ui->Dir1->path(), folders, m_layout, m_state.ErrMsg,
                {.folderReached =
                     [&](int index) {
                         if (isVisible() && repaint.isDue()) {

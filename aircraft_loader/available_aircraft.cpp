@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "aircraft_loader/available_aircraft.h"
 
-#include "app/services/aircraft_folders.h"
 #include "platform/basic_text.h"
-#include "platform/paths.h"
 
 #include <QStringBuilder>
 
@@ -35,43 +33,26 @@ void AircraftWalk::take(const QString &folder)
     }
 }
 
-void AircraftWalk::run(const QString &directory, const QStringList &subFolders, Layout layout,
-                       QString &ErrMsg, const Listener &listener)
+void AircraftWalk::run(AircraftFolders &aircraftFolders, const QString &directory,
+                       const QStringList &subFolders, Layout layout, QString &ErrMsg,
+                       const Listener &listener)
 {
     folders.clear();
     entries.clear();
-    ErrMsg = "Loop through Aircraft Directories";
-    const files::SubFolderReader reader(directory);
-    using Visit = aircraft_folders::Visit<AircraftCfgContent>;
-    std::vector<Visit> visits;
-    constexpr qsizetype step = 64; // folders visited on all processors before progress can show
-    for (qsizetype i = 0; i < subFolders.size(); ++i) {
-        listener.folderReached(static_cast<int>(i));
-        if (i % step == 0) {
-            visits = aircraft_folders::visitAll<AircraftCfgContent>(
-                reader, subFolders.sliced(i, qMin(step, subFolders.size() - i)));
-        }
-        const QString folder = paths::join(directory, subFolders[i]);
-        ErrMsg = u"Set path to " % folder;
-        const Visit &visit = visits[static_cast<std::size_t>(i % step)];
-        if (visit.folderFailure) {
-            throw RuntimeError(*visit.folderFailure);
-        }
-        if (visit.file.isEmpty()) {
-            continue;
-        }
-        ErrMsg = u"Check " % visit.file;
+    const auto check = [&](const AircraftFolder &folder) {
         ErrMsg = QStringLiteral("Get Aircraft Name");
-        const QString cfgFileName = paths::join(folder, visit.file);
-        AirCraftName = aircraft_cfg::folderName(cfgFileName, layout.airplanes, layout.rotorcraft);
+        AirCraftName =
+            aircraft_cfg::folderName(folder.cfgFile, layout.airplanes, layout.rotorcraft);
         try {
             m_cfg.CheckFile(
-                cfgFileName, [&] { return visit.content(); }, ErrMsg);
+                folder.cfgFile, [&] { return folder.trafficContent(); }, ErrMsg);
         } catch (const RuntimeError &error) {
             listener.fileFailed(error);
         }
-        take(folder);
-    }
+        take(folder.path);
+    };
+    aircraftFolders.walk(directory, subFolders, AircraftFolders::Content::Traffic, ErrMsg,
+                         {.folderReached = listener.folderReached, .cfgFound = check});
 }
 
 namespace available_aircraft

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "aircraft_loader/aircraft_cfg.h"
-#include "platform/runtime_error.h"
+#include "app/services/aircraft_folders.h"
 
 #include <QString>
 #include <QStringList>
@@ -34,8 +34,9 @@ public:
     /// Reads the aircraft.cfg of each of the sub-folders, in their order. `ErrMsg` is set to the
     /// step. What was found so far stays when a folder cannot be read. Throws RuntimeError: Path
     /// not found (76), Path/File access error (75).
-    void run(const QString &directory, const QStringList &subFolders, Layout layout,
-             QString &ErrMsg, const Listener &listener);
+    void run(AircraftFolders &aircraftFolders, const QString &directory,
+             const QStringList &subFolders, Layout layout, QString &ErrMsg,
+             const Listener &listener);
 
     QStringList folders;  ///< paths of the folders that yielded data
     QStringList entries;  ///< title, a blank, and the cruise speed: "Boeing 737 Blue 250"

@@ -23,6 +23,7 @@ const QString fileErrorTitle = QStringLiteral("Airport Text File Error");
 constexpr qsizetype pathLimit = 50;    // characters of a path that are shown
 constexpr qsizetype setPathLimit = 60; // the same, of a new set's file
 constexpr int expectedLines = 24'000;  // of the master list
+constexpr int linesPerStep = 50;       // of the progress: telling each line took as long as reading
 
 bool isBrowsedByProvince(const QString &country)
 {
@@ -131,8 +132,11 @@ void AirportLoaderPage::LoadCountry()
         m_state.ErrMsg = "Setting Progress Bar";
         Q_EMIT countriesLoading(expectedLines);
         m_state.ErrMsg = "Loop through OCX";
-        addAvailable(master_airport_list::countries(
-            list, [this](int number) { Q_EMIT countryLineRead(number); }));
+        addAvailable(master_airport_list::countries(list, [this](int number) {
+            if (number % linesPerStep == 0) {
+                Q_EMIT countryLineRead(number);
+            }
+        }));
         ui->Tab1Label1->setText("Country");
         showListToolTip("Country");
         ui->Tab1cmdPrevious->hide();

@@ -45,6 +45,7 @@ Q_SIGNALS:
     void reminderDue();
     /// The list of countries begins to load: how many lines are expected.
     void countriesLoading(int expectedLines);
+    /// Some lines further on.
     void countryLineRead(int number);
     /// Quit was pressed while airports are chosen for a flight plan set.
     void returnToSet();

@@ -40,19 +40,12 @@ QString boolText(bool value)
 } // namespace
 
 frmMorlenEditor::frmMorlenEditor(const Outside &outside)
-    : m_services(outside),
-      ui(std::make_unique<Ui::frmMorlenEditor>()),
-      m_aircraftLoader(new AircraftLoaderPage(m_services)),
-      m_airportLoader(new AirportLoaderPage(m_services)),
-      m_fpSet(new FpSetPage(m_services)),
-      m_configEditor(new ConfigEditorPage(m_services))
+    : m_services(outside), ui(std::make_unique<Ui::frmMorlenEditor>())
 {
+    findProgramFolder();
+    lookAhead();
     ui->setupUi(this);
-    ui->SSTab1->addTab(m_aircraftLoader, "AI Aircraft Loader");
-    ui->SSTab1->addTab(m_airportLoader, "AI Airport Loader");
-    ui->SSTab1->addTab(m_fpSet, "Create a New FP Set");
-    ui->SSTab1->addTab(m_configEditor, "Edit Aircraft or Panel");
-    ui->SSTab1->hide();
+    makePages();
     connect(ui->SSTab1, &QTabWidget::currentChanged, this, &frmMorlenEditor::SSTab1_Click);
     connect(ui->mnuTrace, &QAction::triggered, this, &frmMorlenEditor::mnuTrace_Click);
     connect(ui->mnuQuit, &QAction::triggered, this, &frmMorlenEditor::mnuQuit_Click);
@@ -64,6 +57,33 @@ frmMorlenEditor::frmMorlenEditor(const Outside &outside)
 }
 
 frmMorlenEditor::~frmMorlenEditor() = default;
+
+/// The aircraft that the settings name are read while the window is built.
+void frmMorlenEditor::lookAhead()
+{
+    try {
+        const Settings settings = settings_file::parse(files::readAll(settingsPath()));
+        if (fs_location::namesAircraftFolder(settings.aircraftDir)) {
+            m_services.aircraftFolders.lookAhead(settings.aircraftDir);
+        }
+    } catch (const RuntimeError &) {
+        // A first run; and whatever else is wrong, the start-up says so in its place.
+        return;
+    }
+}
+
+void frmMorlenEditor::makePages()
+{
+    ui->SSTab1->hide();
+    const auto add = [this](auto *page, const QString &title) {
+        ui->SSTab1->addTab(page, title);
+        return page;
+    };
+    m_aircraftLoader = add(new AircraftLoaderPage(m_services), "AI Aircraft Loader");
+    m_airportLoader = add(new AirportLoaderPage(m_services), "AI Airport Loader");
+    m_fpSet = add(new FpSetPage(m_services), "Create a New FP Set");
+    m_configEditor = add(new ConfigEditorPage(m_services), "Edit Aircraft or Panel");
+}
 
 void frmMorlenEditor::connectPages()
 {
@@ -157,6 +177,8 @@ void frmMorlenEditor::Form_Load()
 
 void frmMorlenEditor::startUp()
 {
+    // Pages 3 and 0 list the same aircraft, one after the other.
+    const AircraftFolders::SharedLook look(m_services.aircraftFolders);
     FormState &state = m_services.state;
     state.osVersion = clsOS(systemVersion()).text();
     state.ShowAddAirportHelp = true;

@@ -64,9 +64,12 @@ private:
     void FindFSPath();
     void SaveSettings();
 
-    // The steps of the start-up.
+    void lookAhead();
+    void makePages();
     void connectPages();
     void connectHover();
+
+    // The steps of the start-up.
     void showReminder();
     void followOnPage3(const QString &directory);
     void startUp();
@@ -84,12 +87,11 @@ private:
 
     Services m_services;
     std::unique_ptr<Ui::frmMorlenEditor> ui;
-    AircraftLoaderPage *m_aircraftLoader;
-    AirportLoaderPage *m_airportLoader;
-    FpSetPage *m_fpSet;
-    ConfigEditorPage *m_configEditor;
+    AircraftLoaderPage *m_aircraftLoader = nullptr;
+    AirportLoaderPage *m_airportLoader = nullptr;
+    FpSetPage *m_fpSet = nullptr;
+    ConfigEditorPage *m_configEditor = nullptr;
     std::unique_ptr<frmSplash> m_splash; ///< while the program loads
-    QList<LinkLabel *> m_hotLabels;
-    QList<const QWidget *>
-        m_bareAreas; ///< where the mouse takes the bold away      ///< shown bold under the mouse
+    QList<LinkLabel *> m_hotLabels;      ///< shown bold under the mouse
+    QList<const QWidget *> m_bareAreas;  ///< where the mouse takes the bold away
 };

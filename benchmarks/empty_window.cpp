@@ -2,6 +2,8 @@
 // The least a program of this toolkit takes to start: an empty window, painted.
 #include "benchmarks/paint_and_quit.h"
 
+#include <QApplication>
+
 int main(int argc, char *argv[])
 {
     const QApplication application(argc, argv);

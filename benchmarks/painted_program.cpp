@@ -5,6 +5,7 @@
 #include "platform/system_dialogs.h"
 
 #include <QAbstractScrollArea>
+#include <QApplication>
 
 int main(int argc, char *argv[])
 {

@@ -2,9 +2,8 @@
 // The installed aircraft as page 3 lists them.
 #pragma once
 
-#include "platform/runtime_error.h"
+#include "app/services/aircraft_folders.h"
 
-#include <QByteArray>
 #include <QString>
 #include <QStringList>
 
@@ -12,17 +11,6 @@
 
 /// Which folder of the simulator the aircraft folders lie in.
 enum class AircraftRoot { Aircraft, Airplanes, Rotorcraft };
-
-/// What page 3 takes from one aircraft.cfg. The last value of a key wins, whatever section it
-/// stands in.
-struct ConfigContent {
-    bool empty = false;   ///< the file has no bytes at all
-    bool aliased = false; ///< the word "alias" stands somewhere in it
-    QString panel;        ///< the value of "panel="; empty without one
-    QString displayName;  ///< as shown; empty when one of the four keys of a name is missing
-
-    static ConfigContent parse(const QByteArray &bytes);
-};
 
 /// Lists of one entry for each aircraft, all in the same order.
 struct AircraftCatalogue {
@@ -37,8 +25,8 @@ struct AircraftCatalogue {
     /// Reads the aircraft.cfg of each of the sub-folders, in their order. `ErrMsg` is set to the
     /// step. What was found so far stays when a folder cannot be read. Throws RuntimeError: Path
     /// not found (76), Path/File access error (75).
-    void run(const QString &directory, const QStringList &subFolders, QString &ErrMsg,
-             const Listener &listener);
+    void run(AircraftFolders &aircraftFolders, const QString &directory,
+             const QStringList &subFolders, QString &ErrMsg, const Listener &listener);
 
     QStringList names;    ///< as shown
     QStringList cfgFiles; ///< full paths of the aircraft.cfg files
@@ -60,9 +48,6 @@ AircraftRoot rootOf(const QString &directory);
 
 /// The 1-based position of the root's word ("\aircraft") in a path, blind to case; 0 without it.
 qsizetype rootPosition(const QString &path, AircraftRoot root);
-
-/// The text without the characters whose codes are below 32 or above 122.
-QString CheckName(const QString &text);
 
 /// An aircraft's folder below the root folder: "beech_baron_58". With the two longer words the cut
 /// falls inside the word or before the backslash behind it. Where the path has no such word the

@@ -146,7 +146,7 @@ void ConfigEditorPage::clearLists()
 void ConfigEditorPage::showTotal()
 {
     const QString directory = ui->Tab3Dir1->path();
-    const QStringList folders = ui->Tab3Dir1->subFolders();
+    const QStringList folders = m_services.aircraftFolders.subFolders(directory);
     const auto hasConfig = [&](const QString &folder) {
         return files::exists(paths::join(directory, folder) + "\\aircraft.cfg");
     };
@@ -179,9 +179,10 @@ void ConfigEditorPage::readCatalogue(AircraftCatalogue &catalogue)
 {
     Repaint repaint;
     m_state.ErrMsg = "Loop through Aircraft Directories";
-    const QStringList folders = ui->Tab3Dir1->subFolders();
+    const QString directory = ui->Tab3Dir1->path();
+    const QStringList folders = m_services.aircraftFolders.subFolders(directory);
     ui->loadingBar->setRange(0, qMax<int>(1, static_cast<int>(folders.size())));
-    catalogue.run(ui->Tab3Dir1->path(), folders, m_state.ErrMsg,
+    catalogue.run(m_services.aircraftFolders, directory, folders, m_state.ErrMsg,
                   {.folderReached =
                        [&](int index) {
                            if (isVisible() && repaint.isDue()) {

@@ -202,10 +202,14 @@ void sortBlindToCase(QStringList &texts)
     for (const QString &text : texts) {
         keyed.emplace_back(lower(text), text);
     }
-    if (std::is_sorted(keyed.begin(), keyed.end())) {
+    const auto before = [](const auto &one, const auto &other) {
+        const int order = one.first.compare(other.first);
+        return order != 0 ? order < 0 : one.second < other.second;
+    };
+    if (std::is_sorted(keyed.begin(), keyed.end(), before)) {
         return;
     }
-    std::sort(keyed.begin(), keyed.end());
+    std::sort(keyed.begin(), keyed.end(), before);
     std::transform(keyed.begin(), keyed.end(), texts.begin(),
                    [](const auto &entry) { return entry.second; });
 }

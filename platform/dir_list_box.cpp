@@ -20,14 +20,14 @@ public:
 
     int rowCount(const QModelIndex &parent = {}) const override
     {
-        return parent.isValid() ? 0 : static_cast<int>(opened.size() + shownSubFolders().size());
+        return parent.isValid() ? 0 : static_cast<int>(opened.size() + subFolders().size());
     }
 
     QVariant data(const QModelIndex &index, int role) const override
     {
         if (role == Qt::DisplayRole) {
             return isOpened(index) ? opened.at(index.row())
-                                   : shownSubFolders().at(index.row() - opened.size());
+                                   : subFolders().at(index.row() - opened.size());
         }
         if (role == Qt::DecorationRole) {
             return QApplication::style()->standardIcon(isOpened(index) ? QStyle::SP_DirOpenIcon
@@ -52,27 +52,21 @@ public:
         endResetModel();
     }
 
-    /// Read at the first call: a directory of thousands that nobody looks at costs nothing.
-    const QStringList &subFolders() const
-    {
-        if (!m_subFolders) {
-            m_subFolders = files::subFolders(m_folder);
-        }
-        return *m_subFolders;
-    }
-
     QStringList opened; ///< the drive's root and the folders down to the open one
 
 private:
-    /// A folder that cannot be read any more shows as empty; who needs its names is told.
-    const QStringList &shownSubFolders() const
+    /// Read at the first call: a directory of thousands that nobody looks at costs nothing. One
+    /// that cannot be read any more shows as empty.
+    const QStringList &subFolders() const
     {
-        try {
-            return subFolders();
-        } catch (const RuntimeError &) {
-            m_subFolders = QStringList();
-            return *m_subFolders;
+        if (!m_subFolders) {
+            try {
+                m_subFolders = files::subFolders(m_folder);
+            } catch (const RuntimeError &) {
+                m_subFolders = QStringList();
+            }
         }
+        return *m_subFolders;
     }
 
     QString m_folder;
@@ -158,11 +152,6 @@ void DirListBox::setPath(const QString &path)
 void DirListBox::refresh()
 {
     open(m_path);
-}
-
-const QStringList &DirListBox::subFolders() const
-{
-    return m_model->subFolders();
 }
 
 void DirListBox::open(const QString &folder)

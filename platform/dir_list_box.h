@@ -3,7 +3,6 @@
 #pragma once
 
 #include <QListView>
-#include <QStringList>
 
 class DirListModel;
 class RuntimeError;
@@ -26,10 +25,6 @@ public:
 
     /// Has the sub-folders read again.
     void refresh();
-
-    /// The names of the sub-folders, in list order. They are read when somebody first wants them.
-    /// Throws RuntimeError: Path not found (76), Path/File access error (75).
-    const QStringList &subFolders() const;
 
 Q_SIGNALS:
     void pathChanged();

@@ -3,7 +3,8 @@
 #pragma once
 
 #include <QListView>
-#include <QStringListModel>
+
+class FileListModel;
 
 class FileListBox : public QListView
 {
@@ -22,14 +23,14 @@ public:
     /// Lists another folder. Throws RuntimeError: Path not found (76), Path/File access error (75).
     void setPath(const QString &path);
 
-    int count() const { return m_model.rowCount(); }
+    int count() const;
 
     QString fileName() const; ///< the selected file, empty when none is
 
     void clearFileName() { setCurrentIndex({}); }
 
 private:
-    QStringListModel m_model;
+    FileListModel *m_model;
     QString m_pattern = QStringLiteral("*");
     QString m_path;
 };

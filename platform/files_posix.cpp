@@ -231,6 +231,13 @@ bool isFolderEntry(const dirent &entry, int parent)
 /// The name of an entry, empty for one that Windows cannot spell: refused there, or not UTF-8.
 QString spelledName(const dirent &entry)
 {
+    const QByteArrayView bytes(entry.d_name);
+    const bool ascii = std::all_of(bytes.begin(), bytes.end(),
+                                   [](char c) { return static_cast<signed char>(c) >= 0; });
+    if (ascii) { // nearly always, and then there is nothing to convert
+        const QString name = QString::fromLatin1(bytes);
+        return paths::isValidName(name) ? name : QString();
+    }
     const QString name = QFile::decodeName(entry.d_name);
     return paths::isValidName(name) && QFile::encodeName(name) == entry.d_name ? name : QString();
 }

@@ -20,7 +20,7 @@ bool isDeviceName(QStringView name)
     const qsizetype dot = name.indexOf('.');
     const QStringView stem = (dot < 0 ? name : name.first(dot)).trimmed();
     const auto is = [&](QStringView device) {
-        return stem.compare(device, Qt::CaseInsensitive) == 0;
+        return stem.size() == device.size() && stem.compare(device, Qt::CaseInsensitive) == 0;
     };
     if (stem.size() == 4 && stem[3] >= '1' && stem[3] <= '9') {
         return stem.startsWith(u"COM", Qt::CaseInsensitive) ||

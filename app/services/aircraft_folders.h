@@ -2,66 +2,85 @@
 // Looking into many aircraft folders at once.
 #pragma once
 
+#include "app/services/cfg_content.h"
 #include "platform/files.h"
-#include "platform/parallel.h"
 
 #include <QString>
 #include <QStringList>
 
+#include <functional>
+#include <memory>
 #include <optional>
 #include <vector>
 
-namespace aircraft_folders
-{
-
-/// What a look into one aircraft folder gave: its aircraft.cfg, parsed to what the reader wants of
-/// it.
-template <typename Content>
-struct Visit {
-    std::optional<RuntimeError> folderFailure;
-    QString file; ///< name of the aircraft.cfg, empty without one
-    std::optional<RuntimeError> fileFailure;
-    Content parsed;
+/// What a look into one aircraft folder gave.
+struct AircraftFolder {
+    QString name;
+    QString path;
+    std::optional<RuntimeError> failure;     ///< why the folder could not be opened
+    QString cfgFile;                         ///< full path of its aircraft.cfg, empty without one
+    std::optional<RuntimeError> fileFailure; ///< why that could not be read
+    TrafficContent traffic;                  ///< of a look for traffic
+    EditorContent editor;                    ///< of a look for the editor
 
     /// Throws why the file could not be read.
-    const Content &content() const
-    {
-        if (fileFailure) {
-            throw RuntimeError(*fileFailure);
-        }
-        return parsed;
-    }
+    const TrafficContent &trafficContent() const;
 };
 
-/// A look into one folder. `Content::parse` takes the bytes of the file; it must not throw.
-template <typename Content>
-Visit<Content> visit(const files::SubFolderReader &reader, const QString &subFolder)
+/// The walks through the aircraft folders. Their files are read and parsed on all processors and
+/// told in order.
+class AircraftFolders
 {
-    thread_local files::FoundFile found; // its memory serves file after file
-    Visit<Content> visit;
-    try {
-        reader.read(subFolder, QStringLiteral("aircraft.cfg"), found);
-        visit.file = found.name;
-        visit.fileFailure = found.failure;
-        if (!found.failure) {
-            visit.parsed = Content::parse(found.content);
-        }
-    } catch (const RuntimeError &error) {
-        visit.folderFailure = error;
-    }
-    return visit;
-}
+public:
+    enum class Content { Traffic, Editor, All };
 
-/// A look into each of the folders, on all processors; in their order.
-template <typename Content>
-std::vector<Visit<Content>> visitAll(const files::SubFolderReader &reader,
-                                     const QStringList &subFolders)
-{
-    std::vector<Visit<Content>> visits(static_cast<std::size_t>(subFolders.size()));
-    inParallel(static_cast<int>(subFolders.size()), [&](int i) {
-        visits[static_cast<std::size_t>(i)] = visit<Content>(reader, subFolders[i]);
-    });
-    return visits;
-}
+    /// Called before each folder with its index, and with each folder that holds an aircraft.cfg.
+    struct Listener {
+        std::function<void(int)> folderReached;
+        std::function<void(const AircraftFolder &)> cfgFound;
+    };
 
-} // namespace aircraft_folders
+    AircraftFolders();
+    ~AircraftFolders();
+    AircraftFolders(const AircraftFolders &) = delete;
+    AircraftFolders &operator=(const AircraftFolders &) = delete;
+
+    /// The names of a directory's sub-folders, as files::subFolders gives them.
+    QStringList subFolders(const QString &directory) const;
+
+    /// Looks into the sub-folders, in their order. `ErrMsg` is set to the step. Throws
+    /// RuntimeError: Path not found (76), Path/File access error (75).
+    void walk(const QString &directory, const QStringList &subFolders, Content wanted,
+              QString &ErrMsg, const Listener &listener);
+
+    /// Begins to look into the sub-folders in the background, for the first walk of a SharedLook.
+    void lookAhead(const QString &directory);
+
+    /// While it lives, walks through the same folders one after the other cost one: all are told
+    /// what the first one saw.
+    class SharedLook
+    {
+    public:
+        explicit SharedLook(AircraftFolders &folders);
+        ~SharedLook();
+        SharedLook(const SharedLook &) = delete;
+        SharedLook &operator=(const SharedLook &) = delete;
+
+    private:
+        AircraftFolders &m_folders;
+    };
+
+private:
+    struct Look {
+        QString directory;
+        QStringList subFolders;
+        std::vector<AircraftFolder> folders; ///< one for each sub-folder
+
+        void visit(std::size_t index, const files::SubFolderReader &reader, Content wanted);
+    };
+    class Background;
+
+    bool m_sharing = false;
+    Look m_last;
+    std::unique_ptr<Background> m_ahead;
+};

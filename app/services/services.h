@@ -2,6 +2,7 @@
 // What every page may use.
 #pragma once
 
+#include "app/services/aircraft_folders.h"
 #include "app/services/shell.h"
 #include "platform/registry.h"
 
@@ -34,4 +35,5 @@ struct Services {
     TraceLog log;
     ErrorReport errors;
     Shell shell;
+    AircraftFolders aircraftFolders;
 };

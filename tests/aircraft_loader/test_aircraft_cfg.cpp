@@ -16,7 +16,7 @@ void readNext(AircraftCfg &cfg, const QByteArray &bytes, const QString &path = a
 {
     QString step;
     cfg.CheckFile(
-        path, [&] { return AircraftCfgContent::parse(bytes); }, step);
+        path, [&] { return TrafficContent::parse(bytes); }, step);
 }
 
 /// An aircraft.cfg as a whole, read after nothing else.
@@ -269,7 +269,7 @@ void TestAircraftCfg::commentMakesTheSpeedTextAsLongAsTheCommentIs()
 {
     QFETCH(QString, line);
     QFETCH(QString, speed);
-    QCOMPARE(aircraft_cfg::speedIn(line), speed);
+    QCOMPARE(cfg_content::speedIn(line), speed);
 }
 
 void TestAircraftCfg::speedBeyondAnyNumberFails()
@@ -297,7 +297,7 @@ void TestAircraftCfg::pathWithCslInAnyCaseIsNotEvenOpened()
         path,
         [&] {
             opened = true;
-            return AircraftCfgContent::parse(usualFile);
+            return TrafficContent::parse(usualFile);
         },
         step);
     QVERIFY(!opened);
@@ -353,7 +353,7 @@ void TestAircraftCfg::stepsAreNamedForTheErrorReport()
         anyPath,
         [&] {
             stepWhileOpening = step;
-            return AircraftCfgContent::parse(usualFile);
+            return TrafficContent::parse(usualFile);
         },
         step);
     QCOMPARE(stepWhileOpening, QString("Opening C:\\FS9\\Aircraft\\B734\\aircraft.cfg"));
@@ -367,7 +367,7 @@ void TestAircraftCfg::fileThatCannotBeReadKeepsTheOpeningStep()
     QCOMPARE(failureOf([&] {
                  cfg.CheckFile(
                      anyPath,
-                     []() -> AircraftCfgContent { throw RuntimeError(ErrorNumber::FileNotFound); },
+                     []() -> TrafficContent { throw RuntimeError(ErrorNumber::FileNotFound); },
                      step);
              }),
              QString("53 File not found"));

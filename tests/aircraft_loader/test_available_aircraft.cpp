@@ -46,7 +46,7 @@ struct Walk {
         stepsBefore.clear();
         failures.clear();
         return failureOf([&] {
-            walk.run(directory, subFolders, layout, step,
+            walk.run(aircraftFolders, directory, subFolders, layout, step,
                      {.folderReached =
                           [&](int index) {
                               reached += index;
@@ -64,6 +64,7 @@ struct Walk {
     }
 
     Sandbox sandbox;
+    AircraftFolders aircraftFolders;
     AircraftWalk walk;
     QString step;
     QList<int> reached;

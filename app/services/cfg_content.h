@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+// What an aircraft.cfg says, as far as the pages want to know.
+#pragma once
+
+#include "platform/runtime_error.h"
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+#include <utility>
+
+/// What page 0 takes: the titles of the variations and their cruise speed.
+struct TrafficContent {
+    static constexpr int mostTitles = 1501;
+
+    bool empty = false;                  ///< the file has no bytes at all
+    QStringList titles;                  ///< in file order, those above the speed; at most 1,501
+    QString speed;                       ///< whole number in knots as text, such as "250"
+    bool complete = false;               ///< the speed was reached
+    std::optional<RuntimeError> failure; ///< what ended the reading early
+
+    /// The failure is Subscript out of range (9) at a 1,502nd title, Input past end of file (62)
+    /// when the file ends in a section header, or Overflow (6).
+    static TrafficContent parse(const QByteArray &bytes);
+};
+
+/// What page 3 takes. The last value of a key wins, whatever section it stands in.
+struct EditorContent {
+    bool empty = false;   ///< the file has no bytes at all
+    bool aliased = false; ///< the word "alias" stands somewhere in it
+    QString panel;        ///< the value of "panel="; empty without one
+    QString displayName;  ///< as shown; empty when one of the four keys of a name is missing
+
+    static EditorContent parse(const QByteArray &bytes);
+};
+
+namespace cfg_content
+{
+
+/// Both, in one pass over the bytes.
+std::pair<TrafficContent, EditorContent> parseBoth(const QByteArray &bytes);
+
+/// The speed in a "cruise_speed" line: the whole part, rounded down, of the leading number behind
+/// "="; "0" without one. A "//" comment makes the text as long as the comment is, whatever the
+/// value. Throws Overflow (6).
+QString speedIn(const QString &line);
+
+/// The text without the characters whose codes are below 32 or above 122.
+QString CheckName(const QString &text);
+
+} // namespace cfg_content
