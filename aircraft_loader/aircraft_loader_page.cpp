@@ -350,8 +350,8 @@ void AircraftLoaderPage::Dir1_Change()
         m_state.ErrMsg = "Set path to " + directory;
         ui->File1->clearFileName();
         ui->File1->setPath(directory);
-        Q_EMIT directoryChosen(directory);
         ui->lblFSPath->setText(directory);
+        Q_EMIT directoryChosen(directory);
         ui->frmDriveDialog->hide();
         ui->Tab0List2->show();
     });
@@ -482,6 +482,9 @@ void AircraftLoaderPage::followDirectory(const QString &directory)
         ui->cmdEdit->setEnabled(false);
         m_state.ErrMsg = "Set path to " + directory;
         ui->Dir1->setPath(directory);
+        if (ui->lblFSPath->text() != directory) { // the picker stood there already
+            Dir1_Change();
+        }
     });
 }
 

@@ -12,8 +12,6 @@
 namespace
 {
 
-constexpr qsizetype fileNameLength = 12; // of "aircraft.cfg"
-
 void append(AircraftCatalogue &catalogue, const AircraftFolder &folder, AircraftRoot root)
 {
     const EditorContent &content = folder.editor;
@@ -65,10 +63,16 @@ qsizetype rootPosition(const QString &path, AircraftRoot root)
     return basic::inStr(basic::lower(path), words.at(static_cast<std::size_t>(root)));
 }
 
+QString aircraftFolder(const QString &cfgFile)
+{
+    constexpr qsizetype fileNameLength = 12; // of "aircraft.cfg"
+    return cfgFile.chopped(fileNameLength);
+}
+
 QString folderText(const QString &cfgFile, AircraftRoot root)
 {
     constexpr qsizetype skipped = 10; // one more than "\aircraft" has, whatever the word is
-    const QString folder = cfgFile.chopped(qMin(fileNameLength + 1, cfgFile.size()));
+    const QString folder = aircraftFolder(cfgFile).chopped(1); // the backslash
     const qsizetype position = rootPosition(folder, root);
     return position == 0 ? paths::fileName(folder) : folder.mid(position + skipped - 1);
 }

@@ -49,6 +49,9 @@ AircraftRoot rootOf(const QString &directory);
 /// The 1-based position of the root's word ("\aircraft") in a path, blind to case; 0 without it.
 qsizetype rootPosition(const QString &path, AircraftRoot root);
 
+/// The folder of an aircraft.cfg, ending in a backslash.
+QString aircraftFolder(const QString &cfgFile);
+
 /// An aircraft's folder below the root folder: "beech_baron_58". With the two longer words the cut
 /// falls inside the word or before the backslash behind it. Where the path has no such word the
 /// folder's name alone.

@@ -119,7 +119,6 @@ void ConfigEditorPage::Tab3Dir1_Change()
             return;
         }
         Q_EMIT directoryChosen(directory);
-        m_root = aircraft_catalogue::rootOf(directory);
         m_state.ErrMsg = "Set path to " + directory;
         m_services.log.write("Editor Path is " + directory);
         ui->Tab3File1->setPath(directory);
@@ -211,9 +210,9 @@ void ConfigEditorPage::showCatalogue(const AircraftCatalogue &catalogue)
     ui->Tab3List5->setItems(catalogue.aliases);
     ui->Tab3List6->setItems(catalogue.panels);
     ui->Tab3List7->setItems(catalogue.listing);
-    ui->Tab3List2->setListIndex(catalogue.folderNames.isEmpty() ? -1 : 0);
-    // That entry says that there is no aircraft at all: nothing could be edited.
-    const bool none = ui->Tab3List2->text(0).startsWith("All Aircraft");
+    // Then the notice stands there alone, and nothing could be edited.
+    const bool none = catalogue.folders.isEmpty() && !catalogue.folderNames.isEmpty();
+    ui->Tab3List2->setListIndex(none ? 0 : -1);
     ui->Tab3optAircraft->setVisible(!none);
     ui->Tab3optPanel->setVisible(!none);
     ui->Tab3cmdedit->setVisible(!none);
@@ -314,7 +313,8 @@ void ConfigEditorPage::checkAlias(const QString &cfgFile)
     m_aliasAnswer = ask("Aliased Panel", "This Panel is Aiased to " + *alias +
                                              "\r\rDo you want to edit the aliased Panel?");
     if (m_aliasAnswer == MessageBox::Answer::Yes) {
-        m_editPath = panel_cfg::aliasedPath(cfgFile, m_root, *alias);
+        m_editPath =
+            panel_cfg::aliasedPath(cfgFile, aircraft_catalogue::rootOf(m_directory), *alias);
         return;
     }
     m_aliasAnswer = ask("Original Panel", "Do you want to edit this non-aliased Panel?\r\r" +
@@ -354,11 +354,7 @@ void ConfigEditorPage::Tab3chkDumpList_Click()
 {
     m_dumpRequested = ui->Tab3chkDumpList->isChecked();
     if (m_dumpRequested) {
-        // A failed dump leaves nothing to view, and the box ready to be ticked again.
-        const bool dumped = m_services.errors.run("DumpListing Error", [this] { DumpListing(); });
-        if (!dumped) {
-            ui->Tab3chkDumpList->setChecked(false);
-        }
+        m_services.errors.run("DumpList Error", [this] { DumpListing(); });
     }
 }
 
@@ -368,8 +364,11 @@ void ConfigEditorPage::DumpListing()
     if (m_dumpRequested) {
         m_services.log.write("Dumping Aircraft Listing to " + file);
         m_state.ErrMsg = "Opening " + file;
+        // A failed dump leaves nothing to view, and the box ready to be ticked again.
+        auto untick = qScopeGuard([this] { ui->Tab3chkDumpList->setChecked(false); });
         files::writeAll(file, listing_dump::compose(ui->Tab3List7->items(), m_services.clock.now(),
                                                     QLocale::system()));
+        untick.dismiss();
     }
     m_services.log.write("Dump Completed");
     const MessageBox::Answer answer = m_services.dialogs.show(

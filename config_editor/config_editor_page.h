@@ -80,7 +80,6 @@ private:
     std::unique_ptr<Ui::ConfigEditorPage> ui;
     Services &m_services;
     FormState &m_state;
-    AircraftRoot m_root = AircraftRoot::Aircraft;
     QString m_directory;    ///< the folder picker's, once it was acted upon
     QString m_editPath;     ///< the file last meant to be edited
     bool m_noPanel = false; ///< the last panel asked for is not there

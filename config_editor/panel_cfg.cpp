@@ -3,14 +3,10 @@
 
 #include "platform/basic_text.h"
 
+using aircraft_catalogue::aircraftFolder;
+
 namespace panel_cfg
 {
-
-QString aircraftFolder(const QString &cfgFile)
-{
-    constexpr qsizetype fileNameLength = 12; // of "aircraft.cfg"
-    return cfgFile.chopped(qMin(fileNameLength, cfgFile.size()));
-}
 
 QString path(const QString &cfgFile, const QString &panel)
 {

@@ -9,9 +9,6 @@
 namespace panel_cfg
 {
 
-/// The aircraft's folder, ending in a backslash.
-QString aircraftFolder(const QString &cfgFile);
-
 /// "Panel.<value>\panel.cfg" in the aircraft's folder, or "Panel\panel.cfg" for an empty value.
 QString path(const QString &cfgFile, const QString &panel);
 

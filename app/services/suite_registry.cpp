@@ -58,9 +58,9 @@ void launch(ProcessStarter &processes, const QString &registeredPath, const QStr
             const QString &caption)
 {
     const QString folder = folderOf(registeredPath, program);
-    const bool isRunning = processes.raiseWindow(caption);
     paths::setCurrentDirectory(folder.endsWith(':') ? folder + '\\' : folder);
-    if (!isRunning) {
+    // Without a registered caption any window that has none would do.
+    if (caption.isEmpty() || !processes.raiseWindow(caption)) {
         processes.start('"' + paths::join(folder, program) + '"', 1);
     }
 }

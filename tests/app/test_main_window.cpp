@@ -72,6 +72,9 @@ private Q_SLOTS:
     void helpChangesToTheProgramFolderFirst();
     void aboutShowsNameAndVersion();
     void directoryChosenOnPage3IsTakenOverByPage0();
+    void directoryOfPage3IsTakenOverWherePage0StandsAlready();
+    void changedAircraftPointsPage0AtNoFolder();
+    void varloIsRaisedOrStarted();
     void aircraftAddedForASetLeadBackToPage2();
     void quittingWhileAProgramRunsEndsTheWait();
 };
@@ -585,6 +588,55 @@ void TestMainWindow::directoryChosenOnPage3IsTakenOverByPage0()
     QVERIFY(!program.find<QPushButton>("cmdEdit")->isEnabled());
     QVERIFY(!program.find<QPushButton>("cmdTtools")->isEnabled());
     QCOMPARE(program.find<ListBox>("Tab0List3")->count(), 0);
+}
+
+void TestMainWindow::directoryOfPage3IsTakenOverWherePage0StandsAlready()
+{
+    Program program;
+    program.sandbox.makeFolder("C:\\FSX\\Airplanes");
+    program.rememberUsualRun();
+    program.start();
+    auto *const picker = program.find<DirListBox>("Tab3Dir1");
+    picker->setPath("C:\\FSX\\Airplanes");
+    program.find<QPushButton>("Command1")->click(); // wants a folder named Aircraft
+    QCOMPARE(program.label("lblFSPath"), QString());
+    picker->setPath("C:\\FSX");
+    picker->setPath("C:\\FSX\\Airplanes");
+    QCOMPARE(program.label("lblFSPath"), QString("C:\\FSX\\Airplanes"));
+}
+
+void TestMainWindow::changedAircraftPointsPage0AtNoFolder()
+{
+    Program program;
+    program.sandbox.write(Program::aircraftDir + "\\Own\\aircraft.cfg",
+                          "title=A\r\nui_manufacturer=B\r\nui_type=C\r\nui_variation=D\r\n");
+    program.rememberUsualRun("3");
+    program.start();
+    auto *const picker = program.find<DirListBox>("Dir1");
+    picker->setCurrentIndex(picker->model()->index(0, 0));
+    program.find<ListBox>("Tab3List3")->setListIndex(0);
+    program.find<QRadioButton>("Tab3optAircraft")->setChecked(true);
+    program.outside.dialogs.answers = {Answer::Yes};
+    program.find<QPushButton>("Tab3cmdedit")->click();
+    QVERIFY(!picker->currentIndex().isValid());
+}
+
+void TestMainWindow::varloIsRaisedOrStarted()
+{
+    Program program;
+    program.sandbox.makeFolder("C:\\Varlo");
+    program.outside.registry.setValue(RegistryHive::CurrentUser, "SOFTWARE\\Ostrel\\Varlo\\Path",
+                                      "Exe_Path", QString("C:\\Varlo\\varlo.exe"));
+    program.rememberUsualRun("3");
+    program.start();
+    auto *const link = program.find<LinkLabel>("Tab3Label6");
+    QTest::mouseClick(link, Qt::LeftButton);
+    QCOMPARE(program.outside.processes.started, QStringList{"\"C:\\Varlo\\Varlo.exe\""});
+    program.outside.processes.windows = {"Aircraft and Panel Configuration Editor"};
+    QTest::mouseClick(link, Qt::LeftButton);
+    QCOMPARE(program.outside.processes.started.size(), 1);
+    QCOMPARE(program.outside.processes.raised,
+             QStringList{"Aircraft and Panel Configuration Editor"});
 }
 
 void TestMainWindow::aircraftAddedForASetLeadBackToPage2()

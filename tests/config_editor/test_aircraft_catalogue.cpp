@@ -53,6 +53,7 @@ private Q_SLOTS:
     void rootGoesByTheLastWord_data();
     void rootGoesByTheLastWord();
     void listsStayIndexForIndexWhenFilesAreSkipped();
+    void accentedLettersAreLostInNameAndListing();
     void everyAircraftReadIsOnTheListWithoutForceFeedback();
     void longNameIsCutInTheListingOnly();
     void unreadableFileIsReportedAndTheWalkGoesOn();
@@ -117,6 +118,16 @@ void TestAircraftCatalogue::listsStayIndexForIndexWhenFilesAreSkipped()
     QCOMPARE(walk.catalogue.listing,
              (QStringList{"Beech - 58 - Red - Baron" + QString(51, ' ') + "  \\a",
                           "Beech - 58 - Red - Other" + QString(51, ' ') + "  \\e"}));
+}
+
+void TestAircraftCatalogue::accentedLettersAreLostInNameAndListing()
+{
+    Walk walk;
+    walk.add("a", fourKeys + "title=Caf\xE9 {Baron}\r\n");
+    walk.run({"a"});
+    QCOMPARE(walk.catalogue.names, QStringList{"Beech - 58 - Red - Caf Baron"});
+    QCOMPARE(walk.catalogue.listing,
+             QStringList{"Beech - 58 - Red - Caf Baron" + QString(47, ' ') + "  \\a"});
 }
 
 void TestAircraftCatalogue::everyAircraftReadIsOnTheListWithoutForceFeedback()

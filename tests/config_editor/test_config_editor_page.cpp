@@ -163,6 +163,8 @@ private Q_SLOTS:
     void dumpWithNoAircraftListedHasHeadingsRuleAndTitle();
     void viewedListingLeavesTheBoxTicked();
     void readOnlyListingIsReportedAndStaysAsItWas();
+    void listingThatNotepadCannotShowLeavesTheBoxTicked();
+    void folderNamedLikeTheNoticeIsAnAircraft();
     void varloIsALinkWhenInstalled();
 };
 
@@ -236,6 +238,7 @@ void TestConfigEditorPage::otherDirectoryAsksForOneAndDisablesEditAndDump()
     editor.page->openDirectory("C:\\FS9");
     QCOMPARE(editor.items("Tab3List3"), QStringList{prompt});
     QCOMPARE(editor.items("Tab3List7"), QStringList());
+    QVERIFY(editor.isShown("Tab3cmdedit")); // no word on what the directory holds
     QVERIFY(!editor.isEnabled("Tab3cmdedit"));
     QVERIFY(!editor.isEnabled("Tab3chkDumpList"));
     QCOMPARE(chosen.count(), 0);
@@ -698,10 +701,33 @@ void TestConfigEditorPage::readOnlyListingIsReportedAndStaysAsItWas()
         editor.press("Tab3chkDumpList");
     }
     QCOMPARE(editor.messages(),
-             QStringList{"Exclamation, DumpListing Error: Error  75 Path/File access error\r"
+             QStringList{"Exclamation, DumpList Error: Error  75 Path/File access error\r"
                          "Opening C:\\Morlen\\AircraftList.txt"});
     QCOMPARE(editor.sandbox.read("C:\\Morlen\\AircraftList.txt"), QByteArray("mine"));
     QVERIFY(!editor.isTicked());
+}
+
+void TestConfigEditorPage::listingThatNotepadCannotShowLeavesTheBoxTicked()
+{
+    Editor editor;
+    editor.start();
+    editor.outside.dialogs.answers = {Answer::Yes};
+    editor.outside.processes.failure = RuntimeError(ErrorNumber::FileNotFound);
+    editor.press("Tab3chkDumpList");
+    QCOMPARE(editor.messages().last(), QString("Exclamation, DumpList Error: Error  53 File not "
+                                               "found\rNotepad C:\\Morlen\\AircraftList.txt"));
+    QVERIFY(editor.isTicked());
+}
+
+void TestConfigEditorPage::folderNamedLikeTheNoticeIsAnAircraft()
+{
+    const Editor editor;
+    editor.add("All Aircraft Extra");
+    editor.add("b58");
+    editor.start();
+    QCOMPARE(editor.items("Tab3List2"), (QStringList{"All Aircraft Extra", "b58"}));
+    QVERIFY(editor.isShown("Tab3cmdedit"));
+    QVERIFY(!editor.isShown("noAircraftLabel"));
 }
 
 void TestConfigEditorPage::varloIsALinkWhenInstalled()

@@ -50,6 +50,7 @@ private Q_SLOTS:
     void folderIsThePathLessTheProgramsName();
     void runningCompanionIsRaisedInsteadOfStartedTwice();
     void companionThatDoesNotRunIsStartedInItsOwnFolder();
+    void companionWithoutACaptionIsStarted();
     void companionWhoseFolderIsGoneIsAnError();
 };
 
@@ -147,15 +148,28 @@ void TestSuiteRegistry::companionThatDoesNotRunIsStartedInItsOwnFolder()
     QCOMPARE(paths::currentDirectory(), QString("C:\\My Pellara"));
 }
 
+void TestSuiteRegistry::companionWithoutACaptionIsStarted()
+{
+    const Sandbox sandbox;
+    sandbox.makeFolder("C:\\Pellara");
+    FakeProcesses processes;
+    processes.windows = {""}; // somebody's window without a name
+    suite_registry::launch(processes, "C:\\Pellara\\Pellara.exe", "Pellara.exe", "");
+    QCOMPARE(processes.raised, QStringList());
+    QCOMPARE(processes.started, QStringList{"\"C:\\Pellara\\Pellara.exe\""});
+}
+
 void TestSuiteRegistry::companionWhoseFolderIsGoneIsAnError()
 {
     const Sandbox sandbox;
     FakeProcesses processes;
+    processes.windows = {"P"};
     QCOMPARE(failureOf([&] {
                  suite_registry::launch(processes, "C:\\Gone\\Pellara.exe", "Pellara.exe", "P");
              }),
              QString("76 Path not found"));
     QCOMPARE(processes.started, QStringList());
+    QCOMPARE(processes.raised, QStringList()); // the folder comes first
 }
 
 QTEST_GUILESS_MAIN(TestSuiteRegistry)
