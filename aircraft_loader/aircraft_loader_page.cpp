@@ -354,6 +354,9 @@ void AircraftLoaderPage::Dir1_Change()
         Q_EMIT directoryChosen(directory);
         ui->frmDriveDialog->hide();
         ui->Tab0List2->show();
+        if (m_state.reLoadNewPlan) { // the set being filled keeps its file
+            takeFileOfSet(m_state.AircraftTextDir);
+        }
     });
 }
 
@@ -518,14 +521,6 @@ void AircraftLoaderPage::forgetFile(const QString &path)
 void AircraftLoaderPage::pointAtNoFolder()
 {
     ui->Dir1->setCurrentIndex({});
-}
-
-void AircraftLoaderPage::reloadForNewSet()
-{
-    if (m_state.reLoadNewPlan) {
-        ClearLists();
-        LoadList();
-    }
 }
 
 void AircraftLoaderPage::focusFirstControl()

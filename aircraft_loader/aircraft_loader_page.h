@@ -45,9 +45,6 @@ public:
     /// Shows the text file of the previous run and, when there is a directory too, fills the lists.
     void restoreTextFile(const QString &path);
 
-    /// For a new flight plan set whose aircraft are being chosen.
-    void reloadForNewSet();
-
     /// Makes a set's aircraft file the current one and loads the lists for it.
     void takeFileOfSet(const QString &path);
 

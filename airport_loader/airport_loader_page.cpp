@@ -372,11 +372,18 @@ void AirportLoaderPage::leaveSet()
     }
 }
 
+void AirportLoaderPage::keepFileOfSet()
+{
+    m_servesSet = false;
+    ui->Tab1cmdBrowse->setEnabled(true);
+}
+
 void AirportLoaderPage::Tab1cmdBrowse_Click()
 {
     if (m_state.ShowAddAirportHelp) {
         Q_EMIT reminderDue();
     }
+    m_servesSet = false;
     m_state.AirportTextFile = m_services.dialogs.openFile(
         {.filter = "Airport Text Files (*.txt)|airport*.txt|", .startFolder = {}});
     m_services.errors.run(fileErrorTitle, [this] {

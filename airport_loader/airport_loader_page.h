@@ -34,6 +34,9 @@ public:
     /// The set is created or given up: its file is forgotten and the page is as at the start.
     void leaveSet();
 
+    /// The set was created: its file stays the current one, of a set no more.
+    void keepFileOfSet();
+
     /// Whether the airport selected among the available ones is named by an entry of "Airports to
     /// Add"; shows "Duplicate Airport!" then.
     bool AirportExists();

@@ -30,7 +30,6 @@ namespace
 {
 
 constexpr int fpSetPageNumber = 2;
-constexpr qsizetype tToolsNameLength = 10; // of "ttools.exe"
 
 QString boolText(bool value)
 {
@@ -118,6 +117,7 @@ void frmMorlenEditor::connectPages()
     connect(m_fpSet, &FpSetPage::aircraftFileChosen, m_aircraftLoader,
             &AircraftLoaderPage::takeFileOfSet);
     connect(m_fpSet, &FpSetPage::fileDiscarded, m_aircraftLoader, &AircraftLoaderPage::forgetFile);
+    connect(m_fpSet, &FpSetPage::setCreated, m_airportLoader, &AirportLoaderPage::keepFileOfSet);
     connect(m_fpSet, &FpSetPage::setClosed, m_airportLoader, &AirportLoaderPage::leaveSet);
     connect(m_fpSet, &FpSetPage::helpWanted, this, &Form::Tab2lblHelp_Click);
     connect(m_configEditor, &ConfigEditorPage::helpWanted, this, &Form::tab3VarloHelp_Click);
@@ -250,8 +250,7 @@ void frmMorlenEditor::restore(const Settings &settings)
     }
     state.ShowAddAirportHelp = basic::lower(settings.showAddAirportHelp) == "true";
     if (state.strTToolsPath.size() > 5) {
-        state.strTToolsDir =
-            state.strTToolsPath.chopped(qMin(tToolsNameLength, state.strTToolsPath.size()));
+        state.strTToolsDir = tToolsFolder(state.strTToolsPath);
     }
     state.TraceOn = false;
     ui->mnuTrace->setChecked(false);

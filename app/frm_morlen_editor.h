@@ -69,9 +69,10 @@ private:
     void connectPages();
     void connectHover();
 
-    // The steps of the start-up.
     void showReminder();
     void followOnPage3(const QString &directory);
+
+    // The steps of the start-up.
     void startUp();
     void findProgramFolder();
     QByteArray readSettingsFile();

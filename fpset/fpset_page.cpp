@@ -14,8 +14,7 @@
 namespace
 {
 
-constexpr qsizetype shownPathLimit = 50;   // characters
-constexpr qsizetype tToolsNameLength = 10; // of "TTools.exe"
+constexpr qsizetype shownPathLimit = 50; // characters
 constexpr int aircraftPage = 0;
 constexpr int airportPage = 1;
 const QString applicationTitle = QStringLiteral("Morlen Utilities");
@@ -97,6 +96,11 @@ void FpSetPage::enableNaming()
         return;
     }
     showDone(ui->tab2TToolsDir);
+    enterNamingStep();
+}
+
+void FpSetPage::enterNamingStep()
+{
     makeCurrentStep(ui->tab2Frame12);
     setEnabledAll(true, {ui->tab2Command2, ui->tab2txtFltPlan});
 }
@@ -161,13 +165,11 @@ void FpSetPage::tab2cmdFindTTools_Click()
 
 void FpSetPage::takeTToolsDirectory(const QString &path)
 {
-    // A compiler of another name gives another directory; so it has always been.
-    m_state.strTToolsDir = path.chopped(qMin(tToolsNameLength, path.size()));
+    m_state.strTToolsDir = tToolsFolder(path);
     showDone(ui->tab2TToolsDir);
     ui->tab2TToolsDir->setTitle("TTools Directory");
     setEnabledAll(false, {ui->tab2txtTToolsDir, ui->tab2cmdFindTTools});
-    makeCurrentStep(ui->tab2Frame12);
-    setEnabledAll(true, {ui->tab2Command2, ui->tab2txtFltPlan});
+    enterNamingStep();
     focusNameBox();
     trace("TTools Directory = " + m_state.strTToolsDir);
 }
@@ -290,7 +292,6 @@ void FpSetPage::tab2cmdAirport_Click()
 void FpSetPage::askForAirports()
 {
     m_state.newAirportFlag = true;
-    m_state.AirportTextFile = m_set.airportPath;
     Q_EMIT airportsWanted(m_set.airportPath);
     Q_EMIT pageWanted(airportPage);
     trace("Airport Text File = " + m_set.airportPath);
@@ -375,7 +376,9 @@ void FpSetPage::tab2cmdCreateNewFP_Click()
     if (!m_services.errors.run(errorTitle, [this] { createFiles(); })) {
         return; // what was created stays, and the step too, for another try
     }
-    Q_EMIT aircraftFileChosen(m_set.aircraftPath);
+    if (m_state.AircraftTextDir.compare(m_set.aircraftPath, Qt::CaseInsensitive) != 0) {
+        Q_EMIT aircraftFileChosen(m_set.aircraftPath);
+    }
     m_services.dialogs.show(
         {.prompt = "FlightPlan file set " + m_set.flightPlanPath + " created successfully!",
          .title = "Create Files",
@@ -417,6 +420,7 @@ void FpSetPage::leaveCreationStep()
     focusIfShown(ui->tab2cmdQuit);
     m_setCreated = true;
     m_state.newAirportFlag = false;
+    Q_EMIT setCreated();
 }
 
 void FpSetPage::tab2cmdCancel_Click()
@@ -435,8 +439,7 @@ void FpSetPage::tab2cmdCancel_Click()
         setEnabledAll(false, {ui->tab2Frame12, ui->tab2Command2, ui->tab2txtFltPlan});
         focusIfShown(ui->tab2cmdFindTTools);
     } else {
-        makeCurrentStep(ui->tab2Frame12);
-        setEnabledAll(true, {ui->tab2Command2, ui->tab2txtFltPlan});
+        enterNamingStep();
         ui->tab2txtFltPlan->setText(fpset_name::defaultName);
     }
     resetSteps();
@@ -457,7 +460,7 @@ void FpSetPage::discardFilesOfSet()
         });
     };
     if (m_state.AddAirportsFlag && m_state.newAirportFlag) {
-        discard(m_state.AirportTextFile);
+        discard(m_set.airportPath); // page 1 may have gone on to another file
     }
     if (m_state.AddAircraftFlag && m_newAircraft) {
         discard(m_set.aircraftPath);

@@ -54,6 +54,8 @@ Q_SIGNALS:
     void aircraftFileChosen(const QString &aircraftPath);
     /// A file of a set that was given up is gone.
     void fileDiscarded(const QString &path);
+    /// The set was created: airports may still be added to its file, as to any other.
+    void setCreated();
     /// The set was created or given up: the other pages work for none any more.
     void setClosed();
 
@@ -77,6 +79,7 @@ private:
     // The steps, in their order.
     void connectControls();
     void takeTToolsDirectory(const QString &path);
+    void enterNamingStep();
     void refuseTTools();
     void startOverNaming();
     void enterAirportStep();

@@ -12,7 +12,7 @@ struct FormState {
     QString CommandLine;             ///< what the program was started with
     QString ErrMsg;                  ///< the step about to be done, for error reports
     QString TraceMsg;                ///< the text the next WriteToLog writes
-    QString RegValue;                ///< the simulator's installation folder as last looked up
+    QString RegValue;                ///< the registry text last looked up
     QString AirCraftDir;             ///< the simulator's aircraft directory in use
     QString strTToolsPath;           ///< full path of the TTools compiler
     QString strTToolsDir;            ///< its folder, ending in a backslash

@@ -53,6 +53,12 @@ QString findInTree(const QString &folder, const QString &name, QSet<QString> &vi
 
 } // namespace
 
+QString tToolsFolder(const QString &path)
+{
+    constexpr qsizetype nameLength = 10; // of "TTools.exe"
+    return path.chopped(qMin(nameLength, path.size()));
+}
+
 Shell::Shell(FormState &state, ErrorReport &errors, Dialogs &dialogs, ProcessStarter &processes,
              const Clock &clock)
     : m_state(state),

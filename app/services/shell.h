@@ -6,6 +6,10 @@
 #include "platform/clock.h"
 #include "platform/process.h"
 
+/// The folder of the compiler's path, ending in a backslash. A compiler of another name than
+/// "TTools.exe" gives a folder cut at the wrong place; so it has always been.
+QString tToolsFolder(const QString &path);
+
 class Shell
 {
 public:

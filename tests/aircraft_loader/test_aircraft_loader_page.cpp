@@ -101,7 +101,6 @@ private Q_SLOTS:
     void optionsShowTheListsAgain();
     void doubleClickOnAnExistingAircraftOpensTheTextFile();
     void doubleClickDoesNothingWhileEditIsDisabled();
-    void newSetReloadsTheListsOnlyWhileItIsOpen();
     void runTToolsRunsTheCompilerBesideTheTextFile();
     void quitAndHelpAreTold();
 };
@@ -839,23 +838,6 @@ void TestAircraftLoaderPage::doubleClickDoesNothingWhileEditIsDisabled()
     user.find<QPushButton>("cmdEdit")->setEnabled(false);
     user.doubleClickExisting(1);
     QCOMPARE(user.outside.processes.started, QStringList());
-}
-
-void TestAircraftLoaderPage::newSetReloadsTheListsOnlyWhileItIsOpen()
-{
-    UsualPage user;
-    user.tick(0);
-    user.writeTextFile("");
-    user.window->reloadForNewSet();
-    QCOMPARE(user.available().size(), 2);
-    QVERIFY(user.isEnabled("cmdAddAI"));
-
-    user.services.state.reLoadNewPlan = true;
-    user.window->reloadForNewSet();
-    QCOMPARE(user.available().size(), 3);
-    QCOMPARE(user.existing(), QStringList());
-    QCOMPARE(user.ticked(), QStringList());
-    QVERIFY(!user.isEnabled("cmdAddAI"));
 }
 
 void TestAircraftLoaderPage::runTToolsRunsTheCompilerBesideTheTextFile()

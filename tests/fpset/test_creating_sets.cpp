@@ -66,6 +66,8 @@ private Q_SLOTS:
     void clearAfterAirportsWereAddedDeletesThem();
     void clearBeforeAnyAirportWasAddedDeletesNothing();
     void clearAfterAircraftWereAddedDeletesThem();
+    void clearLeavesTheNewAircraftFlagToo();
+    void pathsOfANameInUseStaySet();
     void clearKeepsWhatWasToBeCopied();
     void clearAfterASuccessfulCreationDeletesNothing();
     void clearLeavesTheAircraftFlagsAlone();
@@ -128,7 +130,7 @@ void TestCreatingSets::bothCopiesAreExactAndOverwrittenFilesAreBackedUp()
     QCOMPARE(user.sandbox.read(airports + ".Backup1"), QByteArray("the user's airports"));
     QCOMPARE(user.sandbox.read(aircraft + ".Backup1"), QByteArray("the user's aircraft"));
     QVERIFY(user.state().AddAircraftFlag);
-    QCOMPARE(user.asked, (QStringList{"aircraft file " + aircraft, "closed"}));
+    QCOMPARE(user.asked, (QStringList{"aircraft file " + aircraft, "created", "closed"}));
 }
 
 void TestCreatingSets::accentedNameGivesThreeFiles()
@@ -344,6 +346,35 @@ void TestCreatingSets::clearAfterAircraftWereAddedDeletesThem()
     QCOMPARE(user.newFiles(), QStringList());
     QCOMPARE(user.trashed(), (QStringList{"Aircraft_Alpha.txt"}));
     QVERIFY(!user.state().newAircraftSetOpen && !user.state().reLoadNewPlan);
+}
+
+void TestCreatingSets::clearLeavesTheNewAircraftFlagToo()
+{
+    NamingUser user;
+    user.createAirports();
+    user.createAircraft();
+    user.addAircraft();
+    user.press("tab2cmdCancel");
+    user.sandbox.write("C:\\TTools\\Aircraft_Bravo.txt", "of a set named, no further");
+    user.verify("FlightPlans_Bravo");
+    user.press("tab2cmdCancel");
+    QCOMPARE(user.trashed(), (QStringList{"Aircraft_Alpha.txt", "Aircraft_Bravo.txt"}));
+}
+
+void TestCreatingSets::pathsOfANameInUseStaySet()
+{
+    NamingUser user;
+    user.createAirports();
+    user.createAircraft();
+    user.addAircraft();
+    user.press("tab2cmdCancel");
+    user.sandbox.write("C:\\TTools\\FlightPlans_Main.txt", "");
+    user.sandbox.write("C:\\TTools\\Aircraft_Main.txt", "of the set in use");
+    user.verify("FlightPlans_Main");
+    QCOMPARE(user.messages().last(),
+             QString("Critical, File Error: Sorry!  That name is already in use"));
+    user.press("tab2cmdCancel");
+    QCOMPARE(user.trashed(), (QStringList{"Aircraft_Alpha.txt", "Aircraft_Main.txt"}));
 }
 
 void TestCreatingSets::clearKeepsWhatWasToBeCopied()

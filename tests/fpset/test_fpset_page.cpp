@@ -386,7 +386,6 @@ void TestFpSetPage::newAirportFileIsHandedToPage1()
     QCOMPARE(user.asked, (QStringList{"airports " + airports, "page 1"}));
     QVERIFY(user.state().newAirportFlag);
     QVERIFY(!user.state().AddAirportsFlag);
-    QCOMPARE(user.state().AirportTextFile, airports);
     QCOMPARE(user.traced(), (QStringList{"Airport Text File = " + airports}));
     QCOMPARE(user.text("tab2txtAirport"), QString());
     QCOMPARE(user.enabled(), aircraftStep);

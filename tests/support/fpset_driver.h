@@ -259,6 +259,7 @@ private:
         QObject::connect(sender, &Page::pageWanted, sender,
                          [this](int number) { asked += "page " + QString::number(number); });
         QObject::connect(sender, &Page::reminderDue, sender, [this] { asked += "reminder"; });
+        QObject::connect(sender, &Page::setCreated, sender, [this] { asked += "created"; });
         QObject::connect(sender, &Page::setClosed, sender, [this] { asked += "closed"; });
         QObject::connect(sender, &Page::quitPressed, sender, [this] { asked += "quit"; });
         QObject::connect(sender, &Page::helpWanted, sender, [this] { asked += "help"; });

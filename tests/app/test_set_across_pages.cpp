@@ -1,0 +1,255 @@
+// SPDX-License-Identifier: MIT
+// What the pages hand to each other while a flight plan set is made.
+#include "airport_loader/airport_loader_page.h"
+#include "platform/dir_list_box.h"
+#include "platform/list_box.h"
+#include "tests/support/program.h"
+
+#include <QDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTabWidget>
+#include <QTimer>
+#include <QtTest>
+
+namespace
+{
+
+using Answer = MessageBox::Answer;
+
+const QString airportPrompt = QStringLiteral("Please Select Airport Text file to Edit --->");
+
+/// The program on page 2, with TTools known.
+struct SetProgram : Program {
+    explicit SetProgram(const QString &tToolsDir = "C:\\TTools",
+                        const QByteArray &reminder = "False")
+        : airports(tToolsDir + "\\Airports_New.txt"), aircraft(tToolsDir + "\\Aircraft_New.txt")
+    {
+        sandbox.write(tToolsDir + "\\TTools.exe", "#!/bin/sh\n");
+        remember("2", tToolsDir.toLatin1() + "\\TTools.exe", "c:", aircraftDir.toLatin1(),
+                 textFile.toLatin1(), reminder);
+        start();
+        nameSet();
+    }
+
+    void nameSet() const
+    {
+        find<QLineEdit>("tab2txtFltPlan")->setText("FlightPlans_New");
+        press("tab2Command2");
+    }
+
+    void press(const QString &button) const { find<QAbstractButton>(button)->click(); }
+
+    void createAirports() const
+    {
+        press("tab2optCreatefile");
+        press("tab2cmdAirport");
+    }
+
+    void createAircraft() const
+    {
+        press("tab2optCreateNewAircraft");
+        press("tab2cmdAircraft");
+    }
+
+    /// Drags the first country of page 1 to the airports to add.
+    void choosePage1sFirst() const
+    {
+        auto *const list = find<ListBox>("Tab1List1");
+        list->setListIndex(0);
+        QTest::keyClick(list, Qt::Key_Insert);
+    }
+
+    int page() const { return find<QTabWidget>("SSTab1")->currentIndex(); }
+
+    bool isEnabled(const QString &name) const
+    {
+        return !find<QWidget>(name)->testAttribute(Qt::WA_ForceDisabled);
+    }
+
+    FormState &state() const { return window->state(); }
+
+    QString airports;
+    QString aircraft;
+};
+
+} // namespace
+
+class TestSetAcrossPages : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void airportFileIsTakenOverByPage1();
+    void aircraftFileIsTakenOverByPage0();
+    void pathsOfASetShow60Characters();
+    void reminderComesWhenAirportsAreToBeChosen();
+    void airportsOfACreatedSetCanStillBeAdded();
+    void setGivenUpLeavesPage1AsItWas();
+    void fileThatPage1WentOnToIsLeftAlone();
+    void copiedAircraftFileIsLoadedByPage0();
+    void createdSetLeavesTheTicksOfPage0();
+    void discardedAircraftFileIsForgottenByPage0();
+    void anotherDirectoryMeanwhileKeepsTheSetsFile();
+};
+
+void TestSetAcrossPages::airportFileIsTakenOverByPage1()
+{
+    const SetProgram program;
+    program.createAirports();
+    QCOMPARE(program.page(), 1);
+    QCOMPARE(program.state().AirportTextFile, program.airports);
+    QCOMPARE(program.label("Tab1lblAirportTextFileName"), program.airports);
+    QVERIFY(!program.isEnabled("Tab1cmdBrowse"));
+    QVERIFY(program.isEnabled("Tab1List1"));
+}
+
+void TestSetAcrossPages::aircraftFileIsTakenOverByPage0()
+{
+    const SetProgram program;
+    program.createAirports();
+    program.createAircraft();
+    QCOMPARE(program.page(), 0);
+    QCOMPARE(program.state().AircraftTextDir, program.aircraft);
+    QCOMPARE(program.label("lblAircraftTextFile"), program.aircraft);
+    QCOMPARE(program.find<ListBox>("Tab0List2")->count(), 2);
+    QCOMPARE(program.find<ListBox>("Tab0List3")->count(), 0);
+}
+
+void TestSetAcrossPages::pathsOfASetShow60Characters()
+{
+    const SetProgram program("C:\\A folder with a rather long name");
+    program.createAirports();
+    program.createAircraft();
+    QCOMPARE(program.airports.size(), 52); // more than the 50 of a file chosen there
+    QCOMPARE(program.label("Tab1lblAirportTextFileName"), program.airports);
+    QCOMPARE(program.label("lblAircraftTextFile"), program.aircraft);
+}
+
+void TestSetAcrossPages::reminderComesWhenAirportsAreToBeChosen()
+{
+    const SetProgram program("C:\\TTools", "True");
+    QString shown;
+    QTimer::singleShot(0, program.window.get(), [&] {
+        auto *const dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+        shown = dialog ? dialog->objectName() : QString();
+        if (dialog) {
+            dialog->reject();
+        }
+    });
+    program.createAirports();
+    QCOMPARE(shown, QString("frmAddAirportHelp"));
+}
+
+void TestSetAcrossPages::airportsOfACreatedSetCanStillBeAdded()
+{
+    const SetProgram program;
+    program.createAirports();
+    program.choosePage1sFirst();
+    program.createAircraft();
+    program.press("tab2cmdCreateNewFP");
+    QVERIFY(!program.sandbox.exists(program.airports));
+    QCOMPARE(program.label("Tab1lblAirportTextFileName"), program.airports);
+    QCOMPARE(program.find<ListBox>("Tab1List2")->items(), QStringList{"Canada"});
+    QVERIFY(program.isEnabled("Tab1cmdBrowse"));
+
+    program.find<QTabWidget>("SSTab1")->setCurrentIndex(1);
+    program.press("Tab1cmdCreateFile");
+    QVERIFY(program.sandbox.read(program.airports).contains("\r\nCYYC,"));
+    QCOMPARE(program.page(), 1); // no set is waiting any more
+}
+
+void TestSetAcrossPages::setGivenUpLeavesPage1AsItWas()
+{
+    const SetProgram program;
+    program.createAirports();
+    program.choosePage1sFirst();
+    program.press("tab2cmdCancel");
+    QCOMPARE(program.state().AirportTextFile, QString());
+    QCOMPARE(program.label("Tab1lblAirportTextFileName"), airportPrompt);
+    QCOMPARE(program.find<ListBox>("Tab1List2")->count(), 0);
+    QVERIFY(program.isEnabled("Tab1cmdBrowse"));
+    QVERIFY(!program.isEnabled("Tab1List1"));
+
+    program.nameSet();
+    program.createAirports();
+    QVERIFY(program.isEnabled("Tab1List1"));
+}
+
+void TestSetAcrossPages::fileThatPage1WentOnToIsLeftAlone()
+{
+    SetProgram program;
+    const QString other = "C:\\TTools\\Airports_Old.txt";
+    program.sandbox.write(other, "CYYC,N51* 06.83',W114* 01.22',3557\r\n");
+    program.createAirports();
+    program.choosePage1sFirst();
+    program.press("Tab1cmdCreateFile");
+    QCOMPARE(program.page(), 2);
+    program.outside.dialogs.files = {other};
+    program.press("Tab1cmdBrowse");
+    program.press("tab2cmdCancel");
+    QCOMPARE(program.sandbox.exists(program.airports), false);
+    QVERIFY(program.sandbox.exists(other));
+    QCOMPARE(program.label("Tab1lblAirportTextFileName"), other);
+    QCOMPARE(program.state().AirportTextFile, other);
+}
+
+void TestSetAcrossPages::copiedAircraftFileIsLoadedByPage0()
+{
+    SetProgram program;
+    program.createAirports();
+    program.press("tab2optCopyExistingAircraft");
+    program.outside.dialogs.files = {Program::textFile};
+    program.press("tab2cmdAircraft");
+    program.sandbox.write(Program::textFile, "AC#8,454,\"Airbus Blue\"\r\n");
+    program.press("tab2cmdCreateNewFP");
+    QCOMPARE(program.label("lblAircraftTextFile"), program.aircraft);
+    QCOMPARE(program.find<ListBox>("Tab0List3")->items(), QStringList{"AC#8,454,\"Airbus Blue\""});
+}
+
+void TestSetAcrossPages::createdSetLeavesTheTicksOfPage0()
+{
+    const SetProgram program;
+    program.createAirports();
+    program.createAircraft();
+    program.find<ListBox>("Tab0List2")->setSelected(1, true);
+    program.press("tab2cmdCreateNewFP");
+    QVERIFY(program.find<ListBox>("Tab0List2")->selected(1));
+    QCOMPARE(program.label("lblAircraftTextFile"), program.aircraft);
+}
+
+void TestSetAcrossPages::discardedAircraftFileIsForgottenByPage0()
+{
+    const SetProgram program;
+    program.createAirports();
+    program.createAircraft();
+    program.find<ListBox>("Tab0List2")->setSelected(0, true);
+    program.find<QPushButton>("cmdAddAI")->setEnabled(true);
+    program.press("cmdAddAI");
+    program.press("tab2cmdCancel");
+    QVERIFY(!program.sandbox.exists(program.aircraft));
+    QCOMPARE(program.label("lblAircraftTextFile"), QString("Please select an Aircraft Text File"));
+    QCOMPARE(program.state().AircraftTextDir, QString());
+    QCOMPARE(program.find<ListBox>("Tab0List3")->count(), 0);
+}
+
+void TestSetAcrossPages::anotherDirectoryMeanwhileKeepsTheSetsFile()
+{
+    const SetProgram program;
+    program.sandbox.write("C:\\Other\\Aircraft\\C172\\aircraft.cfg",
+                          "[fltsim.0]\r\ntitle=Cessna\r\ncruise_speed=120\r\n");
+    program.createAirports();
+    program.createAircraft();
+    program.find<DirListBox>("Dir1")->setPath("C:\\Other\\Aircraft");
+    QCOMPARE(program.label("lblAircraftTextFile"), program.aircraft);
+    QCOMPARE(program.find<ListBox>("Tab0List2")->items(), QStringList{"Cessna 120"});
+
+    program.press("tab2cmdCancel");
+    program.find<DirListBox>("Dir1")->setPath(Program::aircraftDir);
+    QCOMPARE(program.label("lblAircraftTextFile"), QString("Please select an Aircraft Text File"));
+}
+
+QTEST_MAIN(TestSetAcrossPages)
+#include "test_set_across_pages.moc"
