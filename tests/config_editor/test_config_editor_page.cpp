@@ -6,9 +6,7 @@
 #include "platform/link_label.h"
 #include "platform/list_box.h"
 #include "tests/support/failure.h"
-#include "tests/support/fakes.h"
-#include "tests/support/find_control.h"
-#include "tests/support/sandbox.h"
+#include "tests/support/page_driver.h"
 
 #include <QAbstractButton>
 #include <QDir>
@@ -30,13 +28,12 @@ const QString noPanel =
     QStringLiteral("Information, Config Editor: This is an AI Aircraft and has no Panel!");
 
 /// Page 3 in the hands of its user.
-struct Editor {
+struct Editor : PageDriver<ConfigEditorPage> {
     explicit Editor(const QString &aircraftDir = "C:\\FS9\\Aircraft") : directory(aircraftDir)
     {
         sandbox.makeFolder(directory);
-        services.state.MorlenEDir = "C:\\Morlen\\";
-        page = std::make_unique<ConfigEditorPage>(services);
-        page->show();
+        window = std::make_unique<ConfigEditorPage>(services);
+        window->show();
     }
 
     void add(const QString &folder, const QByteArray &more = {}) const
@@ -51,15 +48,9 @@ struct Editor {
         sandbox.write(directory + '\\' + path + "\\panel.cfg", bytes);
     }
 
-    void start() const { page->openDirectory(directory); }
+    void start() const { window->openDirectory(directory); }
 
     void select(int entry) const { list("Tab3List3")->setListIndex(entry); }
-
-    void press(const QString &name) const
-    {
-        auto *const button = find<QAbstractButton>(name);
-        QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(12, button->height() / 2));
-    }
 
     void editPanelOf(int entry) const
     {
@@ -68,53 +59,15 @@ struct Editor {
         press("Tab3cmdedit");
     }
 
-    template <typename Control>
-    Control *find(const QString &name) const
-    {
-        return findControl<Control>(*page, name);
-    }
-
     ListBox *list(const QString &name) const { return find<ListBox>(name); }
 
     QStringList items(const QString &name) const { return list(name)->items(); }
 
-    bool isEnabled(const QString &name) const { return find<QWidget>(name)->isEnabled(); }
-
-    bool isShown(const QString &name) const { return find<QWidget>(name)->isVisible(); }
-
-    QString label(const QString &name) const { return find<QLabel>(name)->text(); }
-
     bool isTicked() const { return find<QAbstractButton>("Tab3chkDumpList")->isChecked(); }
-
-    /// The boxes so far, each as "icon, title: prompt", and forgets them.
-    QStringList messages()
-    {
-        static const QStringList icons = {"None", "Information", "Exclamation", "Critical"};
-        QStringList texts;
-        for (const MessageBox &box : std::exchange(outside.dialogs.boxes, {})) {
-            texts += icons[static_cast<int>(box.icon)] + ", " + box.title + ": " + box.prompt;
-        }
-        return texts;
-    }
-
-    /// The entries of the trace log, without their times.
-    QStringList traced() const
-    {
-        QStringList lines;
-        for (const QString &line : QString::fromLatin1(sandbox.read("C:\\Morlen\\TraceLog.txt"))
-                                       .split("\r\n", Qt::SkipEmptyParts)) {
-            lines += line.section(" - ", 1);
-        }
-        return lines;
-    }
 
     const QStringList &started() const { return outside.processes.started; }
 
     QString directory;
-    Sandbox sandbox;
-    FakeOutside outside;
-    Services services{outside.outside()};
-    std::unique_ptr<ConfigEditorPage> page;
 };
 
 QString changed(const QString &path)
@@ -234,8 +187,8 @@ void TestConfigEditorPage::otherDirectoryAsksForOneAndDisablesEditAndDump()
     Editor editor;
     editor.add("b58");
     editor.start();
-    const QSignalSpy chosen(editor.page.get(), &ConfigEditorPage::directoryChosen);
-    editor.page->openDirectory("C:\\FS9");
+    const QSignalSpy chosen(editor.window.get(), &ConfigEditorPage::directoryChosen);
+    editor.window->openDirectory("C:\\FS9");
     QCOMPARE(editor.items("Tab3List3"), QStringList{prompt});
     QCOMPARE(editor.items("Tab3List7"), QStringList());
     QVERIFY(editor.isShown("Tab3cmdedit")); // no word on what the directory holds
@@ -265,7 +218,7 @@ void TestConfigEditorPage::acceptedDirectoryIsListedAndTold()
     Editor editor(directory);
     editor.add("b58");
     editor.sandbox.makeFolder(directory + "\\empty");
-    const QSignalSpy chosen(editor.page.get(), &ConfigEditorPage::directoryChosen);
+    const QSignalSpy chosen(editor.window.get(), &ConfigEditorPage::directoryChosen);
     editor.start();
     QCOMPARE(chosen.count(), 1);
     QCOMPARE(chosen[0][0].toString(), directory);
@@ -284,7 +237,7 @@ void TestConfigEditorPage::currentDirectoryIsListedToo()
     Editor editor;
     editor.add("b58");
     QDir::setCurrent(editor.sandbox.host(editor.directory));
-    editor.page = std::make_unique<ConfigEditorPage>(editor.services);
+    editor.window = std::make_unique<ConfigEditorPage>(editor.services);
     editor.start();
     QCOMPARE(editor.items("Tab3List3"), QStringList{"M - T - V - b58"});
 }
@@ -308,7 +261,7 @@ void TestConfigEditorPage::emptyDirectoryHidesTheEditing()
     }
     editor.sandbox.makeFolder("C:\\Other\\Aircraft");
     editor.sandbox.write("C:\\Other\\Aircraft\\x\\aircraft.cfg", "");
-    editor.page->openDirectory("C:\\Other\\Aircraft");
+    editor.window->openDirectory("C:\\Other\\Aircraft");
     QCOMPARE(editor.items("Tab3List2"), QStringList{"x"});
     for (const char *name : {"Tab3optAircraft", "Tab3optPanel", "Tab3cmdedit"}) {
         QVERIFY(editor.isShown(name));
@@ -331,12 +284,12 @@ void TestConfigEditorPage::driveLeadsTheFolderPicker()
 {
     const Editor editor;
     editor.start();
-    editor.page->setDrive("z:");
+    editor.window->setDrive("z:");
     QCOMPARE(editor.find<DirListBox>("Tab3Dir1")->path(), QString("z:\\"));
     QCOMPARE(editor.items("Tab3List3"), QStringList{prompt});
     editor.start();
-    QCOMPARE(editor.page->drive(), QString("c:"));
-    QCOMPARE(failureOf([&] { editor.page->setDrive("q:"); }), QString("68 Device unavailable"));
+    QCOMPARE(editor.window->drive(), QString("c:"));
+    QCOMPARE(failureOf([&] { editor.window->setDrive("q:"); }), QString("68 Device unavailable"));
 }
 
 void TestConfigEditorPage::selectionIsTheSameInTheHiddenLists()
@@ -345,7 +298,7 @@ void TestConfigEditorPage::selectionIsTheSameInTheHiddenLists()
     editor.add("a");
     editor.add("b");
     editor.start();
-    editor.page->selectFirstEntry();
+    editor.window->selectFirstEntry();
     editor.select(1);
     for (const char *name : {"Tab3List4", "Tab3List5", "Tab3List6", "Tab3List7"}) {
         QCOMPARE(editor.list(name)->listIndex(), 1);
@@ -533,7 +486,7 @@ void TestConfigEditorPage::changedFileReloadsTheListAndKeepsTheAircraft()
     Editor editor;
     editor.add("b");
     editor.start();
-    const QSignalSpy edited(editor.page.get(), &ConfigEditorPage::aircraftEdited);
+    const QSignalSpy edited(editor.window.get(), &ConfigEditorPage::aircraftEdited);
     editor.select(0);
     editor.press("Tab3optAircraft");
     editor.press("Tab3cmdedit");
@@ -579,7 +532,7 @@ void TestConfigEditorPage::promptIsNoAircraft()
     Editor editor;
     editor.sandbox.write("C:\\FS9\\Aircraft\\x\\aircraft.cfg", "");
     editor.start();
-    editor.page->showFirstAircraft(); // as at start-up, when nothing is listed
+    editor.window->showFirstAircraft(); // as at start-up, when nothing is listed
     QCOMPARE(editor.items("Tab3List3"), QStringList{prompt});
     editor.editPanelOf(0);
     QCOMPARE(editor.messages(),
@@ -733,13 +686,13 @@ void TestConfigEditorPage::folderNamedLikeTheNoticeIsAnAircraft()
 void TestConfigEditorPage::varloIsALinkWhenInstalled()
 {
     const Editor editor;
-    const QSignalSpy wanted(editor.page.get(), &ConfigEditorPage::varloWanted);
+    const QSignalSpy wanted(editor.window.get(), &ConfigEditorPage::varloWanted);
     auto *const label = editor.find<LinkLabel>("Tab3Label6");
-    editor.page->showVarlo();
+    editor.window->showVarlo();
     QCOMPARE(label->text(), QString("Varlo"));
     QCOMPARE(label->focusPolicy(), Qt::NoFocus);
     QVERIFY(label->testAttribute(Qt::WA_TransparentForMouseEvents));
-    editor.page->offerVarlo(true);
+    editor.window->offerVarlo(true);
     QCOMPARE(label->focusPolicy(), Qt::TabFocus);
     QVERIFY(!label->testAttribute(Qt::WA_TransparentForMouseEvents));
     QTest::mouseClick(label, Qt::LeftButton);

@@ -265,7 +265,7 @@ void TestFpSetPage::enterInTheNameBoxVerifies()
 {
     User user;
     user.knowTTools();
-    user.page->focusNameBox();
+    user.window->focusNameBox();
     QTest::keyClicks(QApplication::focusWidget(), "Alpha");
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
     QCOMPARE(user.text("tab2txtFltPlan"), QString("FlightPlans_Alpha.txt"));

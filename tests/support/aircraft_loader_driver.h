@@ -1,33 +1,19 @@
 // SPDX-License-Identifier: MIT
-// Page 0 in the hands of its user: real files, real mouse and keys, everything outside faked.
+// Page 0 in the hands of its user.
 #pragma once
 
 #include "aircraft_loader/aircraft_loader_page.h"
 #include "platform/dir_list_box.h"
 #include "platform/list_box.h"
-#include "tests/support/fakes.h"
-#include "tests/support/find_control.h"
-#include "tests/support/sandbox.h"
+#include "tests/support/page_driver.h"
 
-#include <QAbstractButton>
-#include <QApplication>
-#include <QLabel>
-#include <QtTest>
-
-#include <memory>
-#include <stdexcept>
-
-class AircraftLoaderDriver
+class AircraftLoaderDriver : public PageDriver<AircraftLoaderPage>
 {
 public:
     static inline const QString aircraftDir = QStringLiteral("C:\\FS9\\Aircraft");
     static inline const QString textFile = QStringLiteral("C:\\TTools\\Aircraft_Set.txt");
 
-    AircraftLoaderDriver()
-    {
-        sandbox.makeFolder(aircraftDir);
-        services.state.MorlenEDir = "C:\\Morlen\\";
-    }
+    AircraftLoaderDriver() { sandbox.makeFolder(aircraftDir); }
 
     // What is there before the user comes. Bytes are those of the files.
 
@@ -61,12 +47,7 @@ public:
     void open()
     {
         window = std::make_unique<AircraftLoaderPage>(services);
-        window->show();
-        window->activateWindow();
-        if (!QTest::qWaitForWindowExposed(window.get()) ||
-            !QTest::qWaitForWindowActive(window.get())) {
-            throw std::runtime_error("the page does not show");
-        }
+        show();
     }
 
     /// Opens the page, points it at the aircraft directory and chooses the text file.
@@ -82,19 +63,6 @@ public:
     {
         outside.dialogs.files = {path};
         press("cmdBrowseText");
-    }
-
-    /// Presses a button, or clicks an option where its mark is.
-    void press(const QString &name) const
-    {
-        auto *const button = visible<QAbstractButton>(name);
-        QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(12, button->height() / 2));
-    }
-
-    void pressKey(const QString &name, Qt::Key key) const
-    {
-        visible<QWidget>(name)->setFocus();
-        QTest::keyClick(visible<QWidget>(name), key);
     }
 
     /// Clicks the check mark of an available aircraft.
@@ -149,12 +117,6 @@ public:
 
     // What the user sees.
 
-    template <typename Control>
-    Control *find(const QString &name) const
-    {
-        return findControl<Control>(*window, name);
-    }
-
     QStringList available() const { return find<ListBox>("Tab0List2")->items(); }
 
     QStringList existing() const { return find<ListBox>("Tab0List3")->items(); }
@@ -173,45 +135,7 @@ public:
         return texts;
     }
 
-    QString label(const QString &name) const { return find<QLabel>(name)->text(); }
-
-    bool isShown(const QString &name) const { return find<QWidget>(name)->isVisible(); }
-
-    bool isEnabled(const QString &name) const { return find<QWidget>(name)->isEnabled(); }
-
-    static QString focus()
-    {
-        return QApplication::focusWidget() ? QApplication::focusWidget()->objectName() : QString();
-    }
-
-    /// The boxes so far, each as "icon, title: prompt", and forgets them.
-    QStringList messages()
-    {
-        static const QStringList icons = {"None", "Information", "Exclamation", "Critical"};
-        QStringList texts;
-        for (const MessageBox &box : std::exchange(outside.dialogs.boxes, {})) {
-            texts += icons[static_cast<int>(box.icon)] + ", " + box.title + ": " + box.prompt;
-        }
-        return texts;
-    }
-
-    Sandbox sandbox;
-    FakeOutside outside;
-    Services services{outside.outside()};
-    std::unique_ptr<AircraftLoaderPage> window;
-
 private:
-    /// A control that the user can see: what is hidden cannot be clicked.
-    template <typename Control>
-    Control *visible(const QString &name) const
-    {
-        auto *const control = find<Control>(name);
-        if (!control->isVisible()) {
-            throw std::runtime_error(name.toStdString() + " is hidden");
-        }
-        return control;
-    }
-
     static QRect entryRect(QAbstractItemView &list, int entry)
     {
         const QModelIndex index = list.model()->index(entry, 0);

@@ -1,25 +1,16 @@
 // SPDX-License-Identifier: MIT
-// Page 1 in the hands of its user: real files, real mouse and keys, everything outside faked.
+// Page 1 in the hands of its user.
 #pragma once
 
 #include "airport_loader/airport_loader_page.h"
 #include "platform/drag_list_box.h"
 #include "platform/list_box.h"
 #include "tests/support/airport_list.h"
-#include "tests/support/fakes.h"
-#include "tests/support/find_control.h"
-#include "tests/support/sandbox.h"
+#include "tests/support/page_driver.h"
 
-#include <QAbstractButton>
-#include <QApplication>
 #include <QFile>
-#include <QLabel>
-#include <QtTest>
 
-#include <memory>
-#include <stdexcept>
-
-class AirportLoaderDriver
+class AirportLoaderDriver : public PageDriver<AirportLoaderPage>
 {
 public:
     static inline const QString textFile = QStringLiteral("C:\\TTools\\Airport_Set.txt");
@@ -30,7 +21,6 @@ public:
     AirportLoaderDriver()
     {
         sandbox.write(masterList, smallAirportList);
-        services.state.MorlenEDir = "C:\\Morlen\\";
         services.state.ShowAddAirportHelp = false;
     }
 
@@ -46,22 +36,6 @@ public:
 
     void removeTextFile() const { remove(textFile); }
 
-    void trace() { services.state.TraceOn = true; }
-
-    /// The entries of the trace log, without their times; empty when there is none.
-    QStringList traced() const
-    {
-        const QString log = "C:\\Morlen\\TraceLog.txt";
-        QStringList lines;
-        if (sandbox.exists(log)) {
-            for (const QString &line :
-                 QString::fromLatin1(sandbox.read(log)).split("\r\n", Qt::SkipEmptyParts)) {
-                lines += line.section(" - ", 1);
-            }
-        }
-        return lines;
-    }
-
     // What the user does.
 
     /// Opens the window with the page, empty as it is before the countries are loaded.
@@ -69,12 +43,7 @@ public:
     {
         window = std::make_unique<AirportLoaderPage>(services);
         window->resize(900, 600);
-        window->show();
-        window->activateWindow();
-        if (!QTest::qWaitForWindowExposed(window.get()) ||
-            !QTest::qWaitForWindowActive(window.get())) {
-            throw std::runtime_error("the page does not show");
-        }
+        show();
     }
 
     /// Opens the page with the countries in its list, as the program starts.
@@ -89,19 +58,6 @@ public:
     {
         outside.dialogs.files = {path};
         press("Tab1cmdBrowse");
-    }
-
-    /// Presses a button, or clicks an option where its mark is.
-    void press(const QString &name) const
-    {
-        auto *const button = visible<QAbstractButton>(name);
-        QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(12, button->height() / 2));
-    }
-
-    void pressKey(const QString &name, Qt::Key key) const
-    {
-        visible<QWidget>(name)->setFocus();
-        QTest::keyClick(visible<QWidget>(name), key);
     }
 
     void clickEntry(const QString &list, const QString &text) const
@@ -143,12 +99,6 @@ public:
 
     // What the user sees.
 
-    template <typename Control>
-    Control *find(const QString &name) const
-    {
-        return findControl<Control>(*window, name);
-    }
-
     QStringList items(const QString &list) const { return find<ListBox>(list)->items(); }
 
     QStringList available() const { return items("Tab1List1"); }
@@ -167,28 +117,6 @@ public:
             texts[i] += '/' + countries[i];
         }
         return texts;
-    }
-
-    QString label(const QString &name) const { return find<QLabel>(name)->text(); }
-
-    QString caption(const QString &button) const { return find<QAbstractButton>(button)->text(); }
-
-    QString toolTip(const QString &name) const { return find<QWidget>(name)->toolTip(); }
-
-    bool isShown(const QString &name) const { return find<QWidget>(name)->isVisible(); }
-
-    bool isEnabled(const QString &name) const { return find<QWidget>(name)->isEnabled(); }
-
-    /// Those of some controls that are enabled themselves, whatever the frame around them is.
-    QStringList enabledOf(const QStringList &names) const
-    {
-        QStringList enabled;
-        for (const QString &name : names) {
-            if (!find<QWidget>(name)->testAttribute(Qt::WA_ForceDisabled)) {
-                enabled += name;
-            }
-        }
-        return enabled;
     }
 
     QStringList enabledSortOptions() const
@@ -211,44 +139,12 @@ public:
                    QApplication::palette().color(QPalette::WindowText);
     }
 
-    static QString focus()
-    {
-        return QApplication::focusWidget() ? QApplication::focusWidget()->objectName() : QString();
-    }
-
-    /// The boxes so far, each as "icon, title: prompt", and forgets them.
-    QStringList messages()
-    {
-        static const QStringList icons = {"None", "Information", "Exclamation", "Critical"};
-        QStringList texts;
-        for (const MessageBox &box : std::exchange(outside.dialogs.boxes, {})) {
-            texts += icons[static_cast<int>(box.icon)] + ", " + box.title + ": " + box.prompt;
-        }
-        return texts;
-    }
-
-    Sandbox sandbox;
-    FakeOutside outside;
-    Services services{outside.outside()};
-    std::unique_ptr<AirportLoaderPage> window;
-
 private:
     void remove(const QString &path) const
     {
         if (!QFile::remove(sandbox.host(path))) {
             throw std::runtime_error("no file " + path.toStdString());
         }
-    }
-
-    /// A control that the user can see: what is hidden cannot be clicked.
-    template <typename Control>
-    Control *visible(const QString &name) const
-    {
-        auto *const control = find<Control>(name);
-        if (!control->isVisible()) {
-            throw std::runtime_error(name.toStdString() + " is hidden");
-        }
-        return control;
     }
 
     static QPoint entryPosition(ListBox &list, const QString &text)

@@ -3,23 +3,16 @@
 #pragma once
 
 #include "fpset/fpset_page.h"
-#include "tests/support/fakes.h"
-#include "tests/support/find_control.h"
-#include "tests/support/sandbox.h"
+#include "tests/support/page_driver.h"
 
-#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QGroupBox>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QtTest>
 
-#include <memory>
-#include <stdexcept>
-
-class FpSetDriver
+class FpSetDriver : public PageDriver<FpSetPage>
 {
 public:
     static inline const QString tTools = QStringLiteral("C:\\TTools\\TTools.exe");
@@ -33,16 +26,11 @@ public:
     {
         sandbox.write(tTools, "MZ");
         qputenv("XDG_DATA_HOME", QFile::encodeName(sandbox.host("C:\\share")));
-        services.state.MorlenEDir = "C:\\Morlen\\";
         services.state.ShowAddAirportHelp = false;
-        page = std::make_unique<FpSetPage>(services);
+        window = std::make_unique<FpSetPage>(services);
         record();
-        page->prepare();
-        page->show();
-        page->activateWindow();
-        if (!QTest::qWaitForWindowActive(page.get())) {
-            throw std::runtime_error("the page does not show");
-        }
+        window->prepare();
+        show();
     }
 
     ~FpSetDriver() { qputenv("XDG_DATA_HOME", m_dataHome); }
@@ -55,8 +43,8 @@ public:
     {
         state().strTToolsPath = tTools;
         state().strTToolsDir = "C:\\TTools\\";
-        page->showTTools(tTools);
-        page->enableNaming();
+        window->showTTools(tTools);
+        window->enableNaming();
     }
 
     void chooseTTools(const QString &path)
@@ -108,7 +96,7 @@ public:
     {
         sandbox.write(airports, "KSEA\r\n");
         state().AddAirportsFlag = true;
-        page->showAirportFile();
+        window->showAirportFile();
     }
 
     /// Page 0 adds an aircraft to the set.
@@ -116,7 +104,7 @@ public:
     {
         sandbox.write(aircraft, "AC#1,454,\"Airbus\"\r\n");
         state().AddAircraftFlag = true;
-        page->continueWithSet();
+        window->continueWithSet();
     }
 
     void press(const QString &button) const
@@ -128,29 +116,14 @@ public:
         QTest::mouseClick(control, Qt::LeftButton, {}, QPoint(12, control->height() / 2));
     }
 
-    template <typename Control>
-    Control *find(const QString &name) const
-    {
-        return findControl<Control>(*page, name);
-    }
-
     /// The controls that are enabled themselves, whatever the frame around them is.
-    QStringList enabled() const
-    {
-        QStringList names;
-        for (const QString &name : allControls) {
-            if (!find<QWidget>(name)->testAttribute(Qt::WA_ForceDisabled)) {
-                names += name;
-            }
-        }
-        return names;
-    }
+    QStringList enabled() const { return enabledOf(allControls); }
 
     /// The frames drawn in bold red; one that is only half so gets a question mark.
     QStringList highlighted() const
     {
         QStringList names;
-        for (const QGroupBox *frame : page->findChildren<QGroupBox *>()) {
+        for (const QGroupBox *frame : window->findChildren<QGroupBox *>()) {
             const bool bold = frame->font().bold();
             const bool red = frame->palette().color(QPalette::WindowText) == QColor(Qt::red);
             if (bold || red) {
@@ -162,44 +135,12 @@ public:
 
     QString text(const QString &box) const { return find<QLineEdit>(box)->text(); }
 
-    QString caption(const QString &button) const { return find<QAbstractButton>(button)->text(); }
-
     bool isChosen(const QString &option) const { return find<QRadioButton>(option)->isChecked(); }
-
-    static QString focus()
-    {
-        return QApplication::focusWidget() ? QApplication::focusWidget()->objectName() : QString();
-    }
 
     bool caretIsAtEnd() const
     {
         const auto *const box = find<QLineEdit>("tab2txtFltPlan");
         return box->cursorPosition() == box->text().size();
-    }
-
-    /// The boxes so far, each as "icon, title: prompt", and forgets them.
-    QStringList messages()
-    {
-        static const QStringList icons = {"None", "Information", "Exclamation", "Critical"};
-        QStringList texts;
-        for (const MessageBox &box : std::exchange(outside.dialogs.boxes, {})) {
-            texts += icons[static_cast<int>(box.icon)] + ", " + box.title + ": " + box.prompt;
-        }
-        return texts;
-    }
-
-    void trace() { state().TraceOn = true; }
-
-    QStringList traced() const
-    {
-        QStringList lines;
-        for (const QString &line :
-             QString::fromUtf8(sandbox.read("C:\\Morlen\\TraceLog.txt")).split("\r\n")) {
-            if (!line.isEmpty()) {
-                lines += line.section(" - ", 1);
-            }
-        }
-        return lines;
     }
 
     /// The files in the directory, TTools left out.
@@ -217,10 +158,6 @@ public:
 
     FormState &state() { return services.state; }
 
-    Sandbox sandbox;
-    FakeOutside outside;
-    Services services{outside.outside()};
-    std::unique_ptr<FpSetPage> page;
     QStringList asked; ///< what the page asked of the others, in order
 
 private:
@@ -251,7 +188,7 @@ private:
         const auto keep = [this](const QString &what) {
             return [this, what](const QString &path) { asked += what + ' ' + path; };
         };
-        FpSetPage *const sender = page.get();
+        FpSetPage *const sender = window.get();
         QObject::connect(sender, &Page::airportsWanted, sender, keep("airports"));
         QObject::connect(sender, &Page::aircraftWanted, sender, keep("aircraft"));
         QObject::connect(sender, &Page::aircraftFileChosen, sender, keep("aircraft file"));
