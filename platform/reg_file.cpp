@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/reg_file.h"
 
+#include <QStringDecoder>
+
 namespace
 {
 
@@ -94,6 +96,12 @@ std::optional<RegistryData> parseData(QByteArrayView data)
         const uint number = data.sliced(6).toByteArray().trimmed().toUInt(&ok, 16);
         return ok ? std::optional<RegistryData>(number) : std::nullopt;
     }
+    if (const QByteArrayView unterminated("hex(1):"); data.startsWith(unterminated)) {
+        // Text that was stored without its final zero; what is no figure is skipped.
+        const QByteArray bytes =
+            QByteArray::fromHex(data.sliced(unterminated.size()).toByteArray());
+        return QString(QStringDecoder(QStringDecoder::Utf16LE)(bytes));
+    }
     return std::nullopt;
 }
 
@@ -176,7 +184,7 @@ std::optional<RegistryData> RegFile::value(const QString &key, const QString &na
     if (!found) {
         return std::nullopt;
     }
-    const QByteArrayView text = line(found->start);
+    const auto text = QByteArrayView(m_bytes).sliced(found->start, found->end - found->start);
     qsizetype position = 1;
     unescape(text, position, '"');
     return text.size() > position && text[position] == '=' ? parseData(text.sliced(position + 1))

@@ -7,11 +7,13 @@
 #include "platform/paths.h"
 
 #include <QDateTime>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
 #include <QSaveFile>
-#include <QStandardPaths>
+
+#include <algorithm>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -25,11 +27,19 @@ QString fileOf(RegistryHive hive)
     return paths::prefix() + (hive == RegistryHive::LocalMachine ? "/system.reg" : "/user.reg");
 }
 
-/// A missing file is an empty registry.
+/// A missing file is an empty registry. One that breaks off is none at all: it would be written
+/// back without its rest.
 QByteArray readFile(const QString &path)
 {
     QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    if (!file.open(QIODevice::ReadOnly)) {
+        return {};
+    }
+    const QByteArray bytes = file.readAll();
+    if (file.error() != QFileDevice::NoError) {
+        throw RuntimeError(ErrorNumber::DeviceIoError);
+    }
+    return bytes;
 }
 
 /// The keys a 32-bit program sees under the name it asks for, the first first.
@@ -61,13 +71,41 @@ void replaceFile(const QString &path, const QByteArray &bytes)
 /// Has Wine itself write, which holds the registry in memory while it runs.
 void addWithWine(RegistryHive hive, const QString &key, const QStringList &value)
 {
+    constexpr int longestWait = 30'000; // milliseconds; a start-up must not hang on it
     const QString root = hive == RegistryHive::LocalMachine ? "HKLM\\" : "HKCU\\";
     QProcess wine;
     wine.start("wine", QStringList{"reg", "add", root + key} + value + QStringList{"/f"});
-    if (!wine.waitForFinished(-1) || wine.exitStatus() != QProcess::NormalExit ||
+    if (!wine.waitForFinished(longestWait) || wine.exitStatus() != QProcess::NormalExit ||
         wine.exitCode() != 0) {
         throw RuntimeError(ErrorNumber::PathFileAccess);
     }
+}
+
+/// The folders a Wine server of the prefix may run in; which one depends on who built Wine.
+QStringList serverFolders(const QString &prefix, const WineServerPlaces &places)
+{
+    const QString user = QString::number(::getuid());
+    QStringList folders{places.temporary + "/.wine-" + user, places.perUser + '/' + user + "/wine"};
+    // Debian's Wine may make a folder with a random name, which it notes in the prefix.
+    const QString noted = QFile::decodeName(readFile(prefix + "/wineserver")).trimmed();
+    if (!noted.isEmpty()) {
+        folders << places.temporary + '/' + noted << QDir::tempPath() + '/' + noted;
+    }
+    return folders;
+}
+
+bool isLocked(const QString &path)
+{
+    const int file = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
+    if (file < 0) {
+        return false;
+    }
+    struct flock held = {};
+    held.l_type = F_WRLCK;
+    held.l_whence = SEEK_SET;
+    const bool answered = ::fcntl(file, F_GETLK, &held) == 0;
+    ::close(file);
+    return answered && held.l_type != F_UNLCK;
 }
 
 class PrefixRegistry : public Registry
@@ -76,7 +114,7 @@ public:
     std::optional<RegistryData> value(RegistryHive hive, const QString &key,
                                       const QString &name) const override
     {
-        const RegFile &file = current(hive);
+        const RegFile &file = current(hive).file;
         for (const QString &view : viewsOf(hive, key)) {
             if (const auto found = file.value(view, name)) {
                 return found;
@@ -106,7 +144,7 @@ public:
     }
 
 private:
-    /// One file as last read; read again when it has changed.
+    /// One file as last read, with what Wine was told since; read again when it has changed.
     struct Cached {
         RegFile file{QByteArray()};
         QString path;
@@ -114,7 +152,7 @@ private:
         qint64 size = -1;
     };
 
-    const RegFile &current(RegistryHive hive) const
+    Cached &current(RegistryHive hive) const
     {
         Cached &cached = m_cached[hive == RegistryHive::LocalMachine ? 0 : 1];
         const QFileInfo info(fileOf(hive));
@@ -123,21 +161,23 @@ private:
             cached = {RegFile(readFile(info.filePath())), info.filePath(), info.lastModified(),
                       info.size()};
         }
-        return cached.file;
+        return cached;
     }
 
     template <typename Edit>
     void change(RegistryHive hive, const QString &key, const QStringList &forWine, Edit edit)
     {
         const QString path = fileOf(hive);
-        const QByteArray before = readFile(path);
-        RegFile file(before);
+        const bool isHeld = isWineRunning(paths::prefix());
+        RegFile file = isHeld ? current(hive).file : RegFile(readFile(path));
+        const QByteArray before = file.bytes();
         edit(file, viewsOf(hive, key).first(), QDateTime::currentSecsSinceEpoch());
         if (file.bytes() == before) {
             return;
         }
-        if (isWineRunning(paths::prefix(), "/tmp")) {
+        if (isHeld) {
             addWithWine(hive, viewsOf(hive, key).first(), forWine);
+            current(hive).file = file; // Wine itself saves only now and then
         } else {
             replaceFile(path, file.bytes());
         }
@@ -148,28 +188,18 @@ private:
 
 } // namespace
 
-bool isWineRunning(const QString &prefix, const QString &temporaryFolder)
+bool isWineRunning(const QString &prefix, const WineServerPlaces &places)
 {
     struct stat info = {};
     if (::stat(QFile::encodeName(prefix).constData(), &info) != 0) {
         return false;
     }
-    // Where Wine's server keeps its socket, named after the prefix's device and inode.
-    const QString lock = QStringLiteral("%1/.wine-%2/server-%3-%4/lock")
-                             .arg(temporaryFolder)
-                             .arg(::getuid())
-                             .arg(info.st_dev, 0, 16)
-                             .arg(info.st_ino, 0, 16);
-    const int file = ::open(QFile::encodeName(lock).constData(), O_RDONLY | O_CLOEXEC);
-    if (file < 0) {
-        return false;
-    }
-    struct flock held = {};
-    held.l_type = F_WRLCK;
-    held.l_whence = SEEK_SET;
-    const bool answered = ::fcntl(file, F_GETLK, &held) == 0;
-    ::close(file);
-    return answered && held.l_type != F_UNLCK;
+    // A server's folder is named after the prefix's device and inode.
+    const QString lock =
+        QStringLiteral("/server-%1-%2/lock").arg(info.st_dev, 0, 16).arg(info.st_ino, 0, 16);
+    const QStringList folders = serverFolders(prefix, places);
+    return std::any_of(folders.begin(), folders.end(),
+                       [&](const QString &folder) { return isLocked(folder + lock); });
 }
 
 std::unique_ptr<Registry> systemRegistry()

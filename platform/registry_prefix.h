@@ -4,6 +4,11 @@
 
 #include <QString>
 
+/// Where the servers of Wine keep their sockets; a test has its own.
+struct WineServerPlaces {
+    QString temporary = QStringLiteral("/tmp");
+    QString perUser = QStringLiteral("/run/user");
+};
+
 /// Whether a Wine server of this prefix runs: then it, not the files, holds the registry.
-/// `temporaryFolder` is where servers keep their sockets, "/tmp".
-bool isWineRunning(const QString &prefix, const QString &temporaryFolder);
+bool isWineRunning(const QString &prefix, const WineServerPlaces &places = {});

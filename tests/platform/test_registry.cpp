@@ -52,6 +52,7 @@ private Q_SLOTS:
     void escapesAreUndone();
     void escapedTextComesBack_data();
     void escapedTextComesBack();
+    void textStoredAsBytesIsRead();
     void aContinuedValueDoesNotHideTheNext();
     void changedValueLeavesEveryOtherByte();
     void longerValueThatWasContinuedIsReplacedWhole();
@@ -66,8 +67,10 @@ private Q_SLOTS:
     void writingTheSameChangesNoByteAndNoTime();
     void writtenValuesAreReadBack();
     void aReadOnlyFileIsReported();
+    void aRunningWineIsSeenByItsLock_data();
     void aRunningWineIsSeenByItsLock();
     void aRunningWineWritesItself();
+    void whatWineWasToldIsReadBackBeforeWineSavesIt();
 };
 
 void TestRegistry::textAndNumbersAreRead()
@@ -120,6 +123,15 @@ void TestRegistry::escapedTextComesBack()
     const RegFile again(file.bytes());
     QCOMPARE(textOf(again, "Software\\[New] " + text, text + 'n'), text);
     QCOMPARE(textOf(again, pathKey, "Exe_Path"), QString("C:\\Pellara\\pellara.exe"));
+}
+
+void TestRegistry::textStoredAsBytesIsRead()
+{
+    const RegFile file("[K] 1\n\"A\"=hex(1):43,00,3a,00,\\\n  5c,00,e9,00,ac,20\n"
+                       "\"Empty\"=hex(1):\n\"Bytes\"=hex(3):41,00\n");
+    QCOMPARE(textOf(file, "K", "A"), QString::fromUtf8("C:\\é€"));
+    QCOMPARE(textOf(file, "K", "Empty"), QString());
+    QCOMPARE(textOf(file, "K", "Bytes"), QString("(none)"));
 }
 
 void TestRegistry::aContinuedValueDoesNotHideTheNext()
@@ -278,13 +290,12 @@ namespace
 class LockHolder
 {
 public:
-    LockHolder(const QString &prefix, const QString &temporaryFolder)
+    LockHolder(const QString &prefix, const QString &serverRoot)
     {
         struct stat info = {};
         ::stat(QFile::encodeName(prefix).constData(), &info);
-        const QString folder = QStringLiteral("%1/.wine-%2/server-%3-%4")
-                                   .arg(temporaryFolder)
-                                   .arg(::getuid())
+        const QString folder = QStringLiteral("%1/server-%2-%3")
+                                   .arg(serverRoot)
                                    .arg(info.st_dev, 0, 16)
                                    .arg(info.st_ino, 0, 16);
         QDir().mkpath(folder);
@@ -322,16 +333,40 @@ private:
 
 } // namespace
 
+void TestRegistry::aRunningWineIsSeenByItsLock_data()
+{
+    QTest::addColumn<QString>("serverRoot"); // %1: the user's number
+    QTest::newRow("as Wine comes") << "tmp/.wine-%1";
+    QTest::newRow("in the user's run folder") << "run/%1/wine";
+    QTest::newRow("in a folder noted in the prefix") << "tmp/wine-aOH9xC";
+    QTest::newRow("in a noted folder below $TMPDIR") << "elsewhere/wine-aOH9xC";
+}
+
 void TestRegistry::aRunningWineIsSeenByItsLock()
 {
+    QFETCH(QString, serverRoot);
     const Sandbox sandbox;
-    const QTemporaryDir temporary;
-    QVERIFY(!isWineRunning(sandbox.prefix(), temporary.path()));
-    {
-        const LockHolder wine(sandbox.prefix(), temporary.path());
-        QVERIFY(isWineRunning(sandbox.prefix(), temporary.path()));
+    const QTemporaryDir places;
+    QFile note(sandbox.prefix() + "/wineserver");
+    QVERIFY(note.open(QIODevice::WriteOnly));
+    note.write("wine-aOH9xC");
+    note.close();
+    const QByteArray temporary = qgetenv("TMPDIR");
+    const bool hadTemporary = qEnvironmentVariableIsSet("TMPDIR");
+    qputenv("TMPDIR", QFile::encodeName(places.filePath("elsewhere")));
+    const auto restore =
+        qScopeGuard([&] { hadTemporary ? qputenv("TMPDIR", temporary) : qunsetenv("TMPDIR"); });
+
+    const WineServerPlaces wineServers{places.filePath("tmp"), places.filePath("run")};
+    QVERIFY(!isWineRunning(sandbox.prefix(), wineServers));
+    if (serverRoot.contains('%')) {
+        serverRoot = serverRoot.arg(::getuid());
     }
-    QVERIFY(!isWineRunning(sandbox.prefix(), temporary.path())); // the file alone says nothing
+    {
+        const LockHolder wine(sandbox.prefix(), places.filePath(serverRoot));
+        QVERIFY(isWineRunning(sandbox.prefix(), wineServers));
+    }
+    QVERIFY(!isWineRunning(sandbox.prefix(), wineServers)); // the file alone says nothing
 }
 
 void TestRegistry::aRunningWineWritesItself()
@@ -347,7 +382,7 @@ void TestRegistry::aRunningWineWritesItself()
     qputenv("PATH", QFile::encodeName(sandbox.host("C:\\bin")) + ':' + path);
     const auto restore = qScopeGuard([&] { qputenv("PATH", path); });
 
-    const LockHolder wine(sandbox.prefix(), "/tmp");
+    const LockHolder wine(sandbox.prefix(), QString("/tmp/.wine-%1").arg(::getuid()));
     systemRegistry()->setValue(RegistryHive::CurrentUser, "SOFTWARE\\Ostrel", "A b",
                                QString("c d"));
     QFile said(sandbox.prefix() + "/said");
@@ -356,6 +391,27 @@ void TestRegistry::aRunningWineWritesItself()
              QByteArray("reg\nadd\nHKCU\\SOFTWARE\\Ostrel\n/v\nA b\n/t\nREG_SZ\n/d\nc d\n/f\n"));
     QVERIFY(file.open(QIODevice::ReadOnly));
     QCOMPARE(file.readAll(), sample);
+}
+
+void TestRegistry::whatWineWasToldIsReadBackBeforeWineSavesIt()
+{
+    const Sandbox sandbox;
+    sandbox.write("C:\\bin\\wine", "#!/bin/sh\necho x >> \"$WINEPREFIX/said\"\n");
+    QFile::setPermissions(sandbox.host("C:\\bin\\wine"), QFile::ReadOwner | QFile::ExeOwner);
+    const QByteArray path = qgetenv("PATH");
+    qputenv("PATH", QFile::encodeName(sandbox.host("C:\\bin")) + ':' + path);
+    const auto restore = qScopeGuard([&] { qputenv("PATH", path); });
+
+    const LockHolder wine(sandbox.prefix(), QString("/tmp/.wine-%1").arg(::getuid()));
+    const auto registry = systemRegistry();
+    for (int i = 0; i < 2; ++i) {
+        registry->createKey(RegistryHive::CurrentUser, "SOFTWARE\\Ostrel");
+        registry->setValue(RegistryHive::CurrentUser, "SOFTWARE\\Ostrel", "A", QString("b"));
+        QCOMPARE(*registry->text(RegistryHive::CurrentUser, "Software\\Ostrel", "A"), QString("b"));
+    }
+    QFile said(sandbox.prefix() + "/said");
+    QVERIFY(said.open(QIODevice::ReadOnly));
+    QCOMPARE(said.readAll(), QByteArray("x\nx\n")); // the key and the value, once each
 }
 
 QTEST_GUILESS_MAIN(TestRegistry)
