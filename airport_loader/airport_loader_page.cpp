@@ -361,6 +361,7 @@ void AirportLoaderPage::takeFileForSet(const QString &path)
     showDone(ui->Tab1lblAirportTextFileName);
     ui->Tab1cmdBrowse->setEnabled(false);
     ui->Tab1List1->setEnabled(true);
+    ui->Tab1lblDragnDrop->show();
 }
 
 void AirportLoaderPage::leaveSet()

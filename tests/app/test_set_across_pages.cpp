@@ -172,10 +172,12 @@ void TestSetAcrossPages::setGivenUpLeavesPage1AsItWas()
     QCOMPARE(program.find<ListBox>("Tab1List2")->count(), 0);
     QVERIFY(program.isEnabled("Tab1cmdBrowse"));
     QVERIFY(!program.isEnabled("Tab1List1"));
+    QVERIFY(program.find<QLabel>("Tab1lblDragnDrop")->isHidden());
 
     program.nameSet();
     program.createAirports();
     QVERIFY(program.isEnabled("Tab1List1"));
+    QVERIFY(program.find<QLabel>("Tab1lblDragnDrop")->isVisible());
 }
 
 void TestSetAcrossPages::fileThatPage1WentOnToIsLeftAlone()

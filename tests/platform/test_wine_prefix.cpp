@@ -29,7 +29,7 @@ namespace
 
 constexpr RegistryHive user = RegistryHive::CurrentUser;
 constexpr RegistryHive machine = RegistryHive::LocalMachine;
-constexpr int longest = 120'000; ///< milliseconds that anything of Wine's may take
+constexpr int longest = 60'000; ///< milliseconds that anything of Wine's may take
 
 const QString suite = QStringLiteral("Software\\Ostrel\\Morlen Utilities\\");
 const QString caption = QStringLiteral("Morlen Utilities");
