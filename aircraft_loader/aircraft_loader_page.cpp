@@ -36,6 +36,7 @@ AircraftLoaderPage::AircraftLoaderPage(Services &services, QWidget *parent)
       m_state(services.state)
 {
     ui->setupUi(this);
+    showCurrentStep(ui->noDirectoryLabel);
     using Page = AircraftLoaderPage;
     connect(ui->opt2002, &QRadioButton::clicked, this, &Page::opt2002_Click);
     connect(ui->opt2004, &QRadioButton::clicked, this, &Page::opt2004_Click);
@@ -350,7 +351,7 @@ void AircraftLoaderPage::Dir1_Change()
         m_state.ErrMsg = "Set path to " + directory;
         ui->File1->clearFileName();
         ui->File1->setPath(directory);
-        ui->lblFSPath->setText(directory);
+        showDirectory(directory);
         Q_EMIT directoryChosen(directory);
         ui->frmDriveDialog->hide();
         ui->Tab0List2->show();
@@ -363,9 +364,9 @@ void AircraftLoaderPage::Dir1_Change()
 void AircraftLoaderPage::Command1_Click()
 {
     if (basic::lower(ui->Dir1->path()).endsWith(QLatin1String("aircraft"))) {
-        ui->lblFSPath->setText(ui->Dir1->path());
+        showDirectory(ui->Dir1->path());
     } else {
-        ui->lblFSPath->clear();
+        showDirectory({});
         showNotice("Please select the Flight Simulator Directory!");
         ClearLists();
         ui->cmdEdit->setEnabled(false);
@@ -458,6 +459,7 @@ void AircraftLoaderPage::cmdTtools_Click()
 void AircraftLoaderPage::showDirectory(const QString &directory)
 {
     ui->lblFSPath->setText(directory);
+    ui->noDirectoryLabel->setVisible(directory.isEmpty());
 }
 
 QString AircraftLoaderPage::shownDirectory() const

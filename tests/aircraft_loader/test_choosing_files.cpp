@@ -94,6 +94,7 @@ private Q_SLOTS:
     void directoryThatCannotBeOpenedIsReported();
     void directoryOfAnotherPageIsTakenOver();
     void directoryOfAnotherPageThatIsGoneIsReported();
+    void directoryIsAskedForWhileThereIsNone();
     void driveChangePointsThePickerAtTheDrive();
     void driveThatIsNotReadyIsReported();
     void closeButtonAcceptsAnAircraftFolder();
@@ -301,6 +302,22 @@ void TestChoosingFiles::directoryOfAnotherPageThatIsGoneIsReported()
              QStringList{"Exclamation, Directory Select Error: Error  76 Path not found"
                          "\rSet path to C:\\Gone\\Aircraft"});
     QCOMPARE(user.label("lblFSPath"), QString("C:\\FS9\\Aircraft"));
+}
+
+void TestChoosingFiles::directoryIsAskedForWhileThereIsNone()
+{
+    ChoosingPage user;
+    user.open();
+    QCOMPARE(user.label("noDirectoryLabel"),
+             QString("Please select your Flight Simulator Aircraft directory! --->"));
+    QVERIFY(user.isShown("noDirectoryLabel"));
+    user.browseTo({"FSX", "Airplanes"});
+    QVERIFY(!user.isShown("noDirectoryLabel"));
+    user.press("cmdBrowseFSPath");
+    user.press("Command1"); // wants a folder named Aircraft
+    QVERIFY(user.isShown("noDirectoryLabel"));
+    user.window->showDirectory("C:\\FS9\\Aircraft");
+    QVERIFY(!user.isShown("noDirectoryLabel"));
 }
 
 void TestChoosingFiles::driveChangePointsThePickerAtTheDrive()
