@@ -3,19 +3,19 @@
 #include "aircraft_loader/aircraft_loader_page.h"
 #include "aircraft_loader/aircraft_text_file.h"
 #include "aircraft_loader/title_match.h"
-#include "benchmarks/tree.h"
+#include "benchmarks/tree_benchmark.h"
 #include "platform/list_box.h"
 #include "tests/support/fakes.h"
 #include "tests/support/find_control.h"
 
-#include <QApplication>
 #include <QProcess>
 #include <QRadioButton>
 
-#include <benchmark/benchmark.h>
-
 namespace
 {
+
+using tree_benchmark::bareWalk;
+using tree_benchmark::sandbox;
 
 /// Page 0 in a window of its own, on the measured tree.
 struct LoadedPage {
@@ -30,15 +30,6 @@ struct LoadedPage {
     Services services{outside.outside()};
     AircraftLoaderPage page{services};
 };
-
-const Sandbox *sandbox = nullptr; // made in main, before any measuring
-
-void bareWalk(benchmark::State &state)
-{
-    for ([[maybe_unused]] auto _ : state) {
-        benchmark::DoNotOptimize(benchmark_tree::bareWalk(*sandbox));
-    }
-}
 
 void grep(benchmark::State &state)
 {
@@ -162,11 +153,5 @@ BENCHMARK(checkAll)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 int main(int argc, char *argv[])
 {
-    const QApplication application(argc, argv);
-    const Sandbox tree;
-    benchmark_tree::make(tree);
-    sandbox = &tree;
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return tree_benchmark::run(argc, argv);
 }

@@ -1,19 +1,19 @@
 // SPDX-License-Identifier: MIT
 // Page 3's main operations beside a bare read, or write, of the same bytes.
-#include "benchmarks/tree.h"
+#include "benchmarks/tree_benchmark.h"
 #include "config_editor/config_editor_page.h"
 #include "platform/list_box.h"
 #include "tests/support/fakes.h"
 #include "tests/support/find_control.h"
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QFile>
 
-#include <benchmark/benchmark.h>
-
 namespace
 {
+
+using tree_benchmark::bareWalk;
+using tree_benchmark::sandbox;
 
 /// Page 3 in a window of its own, on the measured tree.
 struct LoadedPage {
@@ -28,15 +28,6 @@ struct LoadedPage {
     Services services{outside.outside()};
     ConfigEditorPage page{services};
 };
-
-const Sandbox *sandbox = nullptr; // made in main, before any measuring
-
-void bareWalk(benchmark::State &state)
-{
-    for ([[maybe_unused]] auto _ : state) {
-        benchmark::DoNotOptimize(benchmark_tree::bareWalk(*sandbox));
-    }
-}
 
 void tab3LoadList(benchmark::State &state)
 {
@@ -88,11 +79,5 @@ BENCHMARK(dumpListing)->Unit(benchmark::kMicrosecond)->UseRealTime();
 
 int main(int argc, char *argv[])
 {
-    const QApplication application(argc, argv);
-    const Sandbox tree;
-    benchmark_tree::make(tree);
-    sandbox = &tree;
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return tree_benchmark::run(argc, argv);
 }
