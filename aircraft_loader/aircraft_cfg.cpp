@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "aircraft_loader/aircraft_cfg.h"
 
-#include "platform/basic_text.h"
+#include "platform/basic.h"
+#include "platform/blind_to_case.h"
 
 #include <QStringBuilder>
 
@@ -10,7 +11,7 @@ void AircraftCfg::CheckFile(const QString &CfgFileName,
 {
     Speed.clear();
     AircraftTitles.clear();
-    if (basic::lower(CfgFileName).contains(QLatin1String("csl"))) {
+    if (blind_to_case::lower(CfgFileName).contains(QLatin1String("csl"))) {
         return; // models for online flying: no traffic, and HaveData is not theirs to change
     }
     ErrMsg = u"Opening " % CfgFileName;
@@ -34,7 +35,7 @@ QString folderName(const QString &CfgFileName, bool AirplanesLayout, bool Rotorc
 {
     const bool byAirplanes = AirplanesLayout || RotorcraftLayout;
     const QLatin1String word(byAirplanes ? "airplanes\\" : "aircraft\\");
-    const qsizetype root = basic::lower(CfgFileName).indexOf(word) + 1;
+    const qsizetype root = blind_to_case::lower(CfgFileName).indexOf(word) + 1;
     // A rotorcraft path is searched for "airplanes" too; the cut then starts near its front.
     const qsizetype skip = AirplanesLayout ? 10 : RotorcraftLayout ? 11 : 9;
     const qsizetype start = root + skip;

@@ -5,9 +5,13 @@
 #include "aircraft_loader/title_match.h"
 #include "app/services/backup.h"
 #include "app/services/fs_location.h"
+#include "app/services/look.h"
 #include "app/services/path_display.h"
-#include "platform/basic_text.h"
-#include "platform/control_style.h"
+#include "platform/basic.h"
+#include "platform/blind_to_case.h"
+#include "platform/code_page.h"
+#include "platform/controls/control_state.h"
+#include "platform/controls/wait_pointer.h"
 #include "platform/files.h"
 #include "platform/paths.h"
 
@@ -301,7 +305,7 @@ void AircraftLoaderPage::addAircraft(const QString &speed, const QString &title)
         NoneAdded = false;
         text.prepend(aircraft_text_file::addedComment(m_services.clock.now()) + "\r\n");
     }
-    files::appendLines(m_state.AircraftTextDir, basic::encode(text));
+    files::appendLines(m_state.AircraftTextDir, code_page::encode(text));
 }
 
 void AircraftLoaderPage::opt2002_Click()
@@ -363,7 +367,7 @@ void AircraftLoaderPage::Dir1_Change()
 
 void AircraftLoaderPage::Command1_Click()
 {
-    if (basic::lower(ui->Dir1->path()).endsWith(QLatin1String("aircraft"))) {
+    if (blind_to_case::lower(ui->Dir1->path()).endsWith(QLatin1String("aircraft"))) {
         showDirectory(ui->Dir1->path());
     } else {
         showDirectory({});

@@ -4,7 +4,7 @@
 
 #include "aircraft_loader/available_aircraft.h"
 #include "app/services/services.h"
-#include "platform/repaint.h"
+#include "platform/controls/repaint.h"
 
 #include <QWidget>
 

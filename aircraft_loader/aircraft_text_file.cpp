@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "aircraft_loader/aircraft_text_file.h"
 
-#include "platform/basic_text.h"
+#include "platform/basic.h"
+#include "platform/blind_to_case.h"
+#include "platform/code_page.h"
+#include "platform/line_reader.h"
 
 namespace
 {
@@ -25,13 +28,13 @@ std::int16_t numberIn(const QString &line)
 void AircraftTextFile::read(const QByteArray &bytes)
 {
     *this = {};
-    basic::LineReader reader(bytes);
+    LineReader reader(bytes);
     while (!reader.atEnd()) {
         const QByteArrayView raw = reader.next();
         if (isComment(raw)) {
             continue;
         }
-        const QString line = basic::decodeCodePage(raw);
+        const QString line = code_page::decode(raw);
         lines += line;
         if (line.size() >= shortestAircraftLine) {
             Number = numberIn(line);
@@ -61,12 +64,12 @@ QString addedComment(const QDateTime &time)
 
 QString captionName(const QString &path)
 {
-    return path.sliced(basic::inStr(basic::lower(path), "\\aircraft"));
+    return path.sliced(basic::inStr(blind_to_case::lower(path), "\\aircraft"));
 }
 
 QString folderPart(const QString &path)
 {
-    return path.first(basic::inStr(basic::lower(path), "\\aircraft"));
+    return path.first(basic::inStr(blind_to_case::lower(path), "\\aircraft"));
 }
 
 } // namespace aircraft_text_file

@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "aircraft_loader/available_aircraft.h"
 
-#include "platform/basic_text.h"
+#include "platform/basic.h"
+#include "platform/blind_to_case.h"
 
 #include <QStringBuilder>
 
 void AircraftWalk::Layout::take(const QString &directory)
 {
-    const QString lowered = basic::lower(directory);
+    const QString lowered = blind_to_case::lower(directory);
     if (lowered.endsWith(QLatin1String("airplanes"))) {
         airplanes = true;
     } else if (lowered.endsWith(QLatin1String("rotorcraft"))) {

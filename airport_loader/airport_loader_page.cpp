@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "airport_loader/airport_loader_page.h"
 
+#include "app/services/look.h"
 #include "app/services/path_display.h"
-#include "platform/basic_text.h"
-#include "platform/control_style.h"
+#include "platform/basic.h"
+#include "platform/code_page.h"
+#include "platform/controls/control_state.h"
+#include "platform/controls/repaint.h"
+#include "platform/controls/wait_pointer.h"
 #include "platform/files.h"
-#include "platform/repaint.h"
 
 #include <QAction>
 #include <QScopeGuard>
@@ -493,7 +496,7 @@ bool AirportLoaderPage::appendChosen()
     ui->Tab1ListSort->clear();
     if (!lines.isEmpty()) {
         m_state.ErrMsg = "Open " + m_state.AirportTextFile;
-        files::appendLines(m_state.AirportTextFile, basic::encode(lines.join("\r\n") + "\r\n"));
+        files::appendLines(m_state.AirportTextFile, code_page::encode(lines.join("\r\n") + "\r\n"));
     }
     m_services.log.write("Finished Adding Airports");
     return !lines.isEmpty();

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "airport_loader/airport_text_file.h"
 
-#include "platform/basic_text.h"
+#include "platform/basic.h"
+#include "platform/code_page.h"
+#include "platform/line_reader.h"
 
 #include <QHash>
 
@@ -99,12 +101,13 @@ std::vector<CountryChoices> byCountry(const QList<AirportChoice> &choices)
         const std::size_t position = known == positions.constEnd() ? groups.size() : *known;
         if (position == groups.size()) {
             positions.insert(choice.country, position);
-            groups.push_back({.country = basic::encode(choice.country), .whole = {}, .places = {}});
+            groups.push_back(
+                {.country = code_page::encode(choice.country), .whole = {}, .places = {}});
         }
         if (choice.search == choice.country) {
             groups[position].whole.push_back(i);
         } else {
-            groups[position].places.add(basic::encode(choice.search), i);
+            groups[position].places.add(code_page::encode(choice.search), i);
         }
     }
     return groups;
@@ -118,11 +121,11 @@ namespace airport_text_file
 QStringList existingItems(const QByteArray &bytes)
 {
     QStringList items;
-    basic::LineReader reader(bytes);
+    LineReader reader(bytes);
     while (!reader.atEnd()) {
         const QByteArrayView line = reader.next();
         if (!line.isEmpty() && !line.startsWith("//")) {
-            const QString text = basic::decodeCodePage(line);
+            const QString text = code_page::decode(line);
             items += text.left(4) + " - " + text.mid(commentPosition - 1);
         }
     }
@@ -139,7 +142,7 @@ std::vector<ChosenLine> chosenLines(const QByteArray &list, const QList<AirportC
     const std::vector<CountryChoices> groups = byCountry(choices);
     std::vector<ChosenLine> chosen;
     std::vector<int> found;
-    basic::LineReader reader(list);
+    LineReader reader(list);
     while (!reader.atEnd()) {
         const QByteArrayView line = reader.next();
         found.clear();
@@ -163,9 +166,9 @@ std::vector<ChosenLine> chosenLines(const QByteArray &list, const QList<AirportC
 
 QString airportLine(const AirportRecord &record)
 {
-    return basic::decodeCodePage(record.entry).leftJustified(entryWidth) + "     //" +
-           basic::decodeCodePage(record.city) + ", " + basic::decodeCodePage(record.province) +
-           ", " + basic::decodeCodePage(record.country);
+    return code_page::decode(record.entry).leftJustified(entryWidth) + "     //" +
+           code_page::decode(record.city) + ", " + code_page::decode(record.province) + ", " +
+           code_page::decode(record.country);
 }
 
 QString addedComment(const QDateTime &time)

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "airport_loader/master_airport_list.h"
 
-#include "platform/basic_text.h"
+#include "platform/code_page.h"
 #include "platform/files.h"
+#include "platform/line_reader.h"
 #include "platform/paths.h"
 
 AirportRecord AirportRecord::split(QByteArrayView line)
@@ -32,7 +33,7 @@ template <typename Take>
 std::optional<RuntimeError> forEachRecord(const QByteArray &list, Take take)
 {
     try {
-        basic::LineReader reader(list);
+        LineReader reader(list);
         for (int number = 1; !reader.atEnd(); ++number) {
             take(number, AirportRecord::split(reader.next()));
         }
@@ -44,16 +45,15 @@ std::optional<RuntimeError> forEachRecord(const QByteArray &list, Take take)
 
 QString item(const AirportRecord &record, AirportItem form)
 {
-    const QString place =
-        basic::decodeCodePage(record.name) + ", " + basic::decodeCodePage(record.city);
-    const QString icao = basic::decodeCodePage(record.icao);
+    const QString place = code_page::decode(record.name) + ", " + code_page::decode(record.city);
+    const QString icao = code_page::decode(record.icao);
     return form == AirportItem::NameFirst ? place + " - " + icao : icao + " - " + place;
 }
 
 Listing airports(const QByteArray &list, QByteArrayView AirportRecord::*field, const QString &place,
                  AirportItem form)
 {
-    const QByteArray wanted = basic::encode(place);
+    const QByteArray wanted = code_page::encode(place);
     Listing listing;
     listing.failure = forEachRecord(list, [&](int, const AirportRecord &record) {
         if (record.*field == wanted) {
@@ -85,7 +85,7 @@ Listing countries(const QByteArray &list, const std::function<void(int)> &lineRe
         lineRead(number);
         if (record.country != previous) {
             previous = record.country;
-            listing.items += basic::decodeCodePage(record.country);
+            listing.items += code_page::decode(record.country);
         }
     });
     return listing;
@@ -93,13 +93,13 @@ Listing countries(const QByteArray &list, const std::function<void(int)> &lineRe
 
 Listing provinces(const QByteArray &list, const QString &country)
 {
-    const QByteArray wanted = basic::encode(country);
+    const QByteArray wanted = code_page::encode(country);
     Listing listing;
     QByteArrayView previous;
     listing.failure = forEachRecord(list, [&](int, const AirportRecord &record) {
         if (!record.province.isEmpty() && record.country == wanted && record.province != previous) {
             previous = record.province;
-            listing.items += basic::decodeCodePage(record.province);
+            listing.items += code_page::decode(record.province);
         }
     });
     return listing;

@@ -12,11 +12,12 @@
 #include "app/version.h"
 #include "config_editor/config_editor_page.h"
 #include "fpset/fpset_page.h"
-#include "platform/basic_text.h"
-#include "platform/control_style.h"
+#include "platform/basic.h"
+#include "platform/blind_to_case.h"
+
+#include "platform/controls/repaint.h"
 #include "platform/files.h"
 #include "platform/paths.h"
-#include "platform/repaint.h"
 
 #include <QCloseEvent>
 #include <QMouseEvent>
@@ -248,7 +249,7 @@ void frmMorlenEditor::restore(const Settings &settings)
     if (!settings.drive.isEmpty()) {
         m_configEditor->setDrive(settings.drive);
     }
-    state.ShowAddAirportHelp = basic::lower(settings.showAddAirportHelp) == "true";
+    state.ShowAddAirportHelp = blind_to_case::lower(settings.showAddAirportHelp) == "true";
     if (state.strTToolsPath.size() > 5) {
         state.strTToolsDir = tToolsFolder(state.strTToolsPath);
     }

@@ -2,7 +2,7 @@
 // What is on the screen while the program loads.
 #pragma once
 
-#include "platform/repaint.h"
+#include "platform/controls/repaint.h"
 
 #include <QWidget>
 

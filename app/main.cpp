@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "app/frm_morlen_editor.h"
+#include "app/services/notepad_substitutes.h"
 #include "app/version.h"
-#include "platform/system_dialogs.h"
+#include "platform/controls/system_dialogs.h"
+#include "platform/host.h"
 
 #include <QApplication>
 
 int main(int argc, char *argv[])
 {
+    prepareHost();
     const QApplication application(argc, argv);
     QApplication::setApplicationName("MorlenEditor");
     QApplication::setApplicationDisplayName({}); // titles stand as they are, nothing is added
@@ -14,7 +17,7 @@ int main(int argc, char *argv[])
 
     const std::unique_ptr<Registry> registry = systemRegistry();
     const SystemClock clock;
-    SystemProcesses processes;
+    SystemProcesses processes(notepadSubstitutes());
     SystemDialogs dialogs;
     frmMorlenEditor window({*registry, processes, dialogs, clock});
     dialogs.setParent(&window);

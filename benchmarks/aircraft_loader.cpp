@@ -4,7 +4,7 @@
 #include "aircraft_loader/aircraft_text_file.h"
 #include "aircraft_loader/title_match.h"
 #include "benchmarks/tree_benchmark.h"
-#include "platform/list_box.h"
+#include "platform/controls/list_box.h"
 #include "tests/support/fakes.h"
 #include "tests/support/find_control.h"
 

@@ -2,8 +2,8 @@
 // Page 1's main operations on the shipped list and on one ten times as long, beside two bare reads
 // of the same file: whole, in one call, and line by line.
 #include "airport_loader/airport_loader_page.h"
-#include "platform/basic_text.h"
-#include "platform/drag_list_box.h"
+
+#include "platform/controls/drag_list_box.h"
 #include "tests/support/fakes.h"
 #include "tests/support/find_control.h"
 #include "tests/support/sandbox.h"

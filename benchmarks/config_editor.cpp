@@ -2,7 +2,7 @@
 // Page 3's main operations beside a bare read, or write, of the same bytes.
 #include "benchmarks/tree_benchmark.h"
 #include "config_editor/config_editor_page.h"
-#include "platform/list_box.h"
+#include "platform/controls/list_box.h"
 #include "tests/support/fakes.h"
 #include "tests/support/find_control.h"
 

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 // The program as main() starts it, ended once the filled list has been painted.
 #include "app/frm_morlen_editor.h"
+#include "app/services/notepad_substitutes.h"
 #include "benchmarks/paint_and_quit.h"
-#include "platform/system_dialogs.h"
+#include "platform/controls/system_dialogs.h"
 
 #include <QAbstractScrollArea>
 #include <QApplication>
@@ -12,7 +13,7 @@ int main(int argc, char *argv[])
     const QApplication application(argc, argv);
     const std::unique_ptr<Registry> registry = systemRegistry();
     const SystemClock clock;
-    SystemProcesses processes;
+    SystemProcesses processes(notepadSubstitutes());
     SystemDialogs dialogs;
     frmMorlenEditor window({*registry, processes, dialogs, clock});
     dialogs.setParent(&window);

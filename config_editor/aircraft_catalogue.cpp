@@ -2,7 +2,8 @@
 #include "config_editor/aircraft_catalogue.h"
 
 #include "config_editor/listing_dump.h"
-#include "platform/basic_text.h"
+#include "platform/basic.h"
+#include "platform/blind_to_case.h"
 #include "platform/paths.h"
 
 #include <QStringBuilder>
@@ -51,7 +52,7 @@ namespace aircraft_catalogue
 
 AircraftRoot rootOf(const QString &directory)
 {
-    const QString lowered = basic::lower(directory);
+    const QString lowered = blind_to_case::lower(directory);
     return lowered.endsWith(QLatin1String("airplanes"))    ? AircraftRoot::Airplanes
            : lowered.endsWith(QLatin1String("rotorcraft")) ? AircraftRoot::Rotorcraft
                                                            : AircraftRoot::Aircraft;
@@ -60,7 +61,7 @@ AircraftRoot rootOf(const QString &directory)
 qsizetype rootPosition(const QString &path, AircraftRoot root)
 {
     static const std::array<QString, 3> words = {"\\aircraft", "\\airplanes", "\\rotorcraft"};
-    return basic::inStr(basic::lower(path), words.at(static_cast<std::size_t>(root)));
+    return basic::inStr(blind_to_case::lower(path), words.at(static_cast<std::size_t>(root)));
 }
 
 QString aircraftFolder(const QString &cfgFile)

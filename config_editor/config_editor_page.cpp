@@ -4,11 +4,11 @@
 #include "app/services/fs_location.h"
 #include "config_editor/listing_dump.h"
 #include "config_editor/panel_cfg.h"
-#include "platform/basic_text.h"
-#include "platform/control_style.h"
+#include "platform/blind_to_case.h"
+#include "platform/controls/repaint.h"
+#include "platform/controls/wait_pointer.h"
 #include "platform/files.h"
 #include "platform/paths.h"
-#include "platform/repaint.h"
 
 #include <QScopeGuard>
 
@@ -149,7 +149,7 @@ void ConfigEditorPage::showTotal()
     const auto hasConfig = [&](const QString &folder) {
         return files::exists(paths::join(directory, folder) + "\\aircraft.cfg");
     };
-    const bool combat = basic::lower(directory).contains(QLatin1String("combat"));
+    const bool combat = blind_to_case::lower(directory).contains(QLatin1String("combat"));
     const qsizetype total =
         combat ? std::count_if(folders.begin(), folders.end(), hasConfig) : folders.size();
     ui->Tab3Label2->setText(totalCaption + QString::number(total));

@@ -2,7 +2,7 @@
 #include "config_editor/listing_dump.h"
 
 #include "app/services/trace_log.h"
-#include "platform/basic_text.h"
+#include "platform/code_page.h"
 
 #include <QStringBuilder>
 
@@ -28,7 +28,7 @@ QByteArray compose(const QStringList &entries, const QDateTime &time, const QLoc
         locale.toString(time.time(), TraceLog::timeFormat(locale)).replace(QChar(0x202F), ' ');
     text += rule + "Varlo Aircraft Listing - " +
             QLocale::c().toString(time.date(), "dddd, MMMM, dd, yyyy") + ' ' + clock + "\r\n";
-    return basic::encode(text);
+    return code_page::encode(text);
 }
 
 } // namespace listing_dump

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "config_editor/panel_cfg.h"
 
-#include "platform/basic_text.h"
+#include "platform/basic.h"
+#include "platform/code_page.h"
+#include "platform/line_reader.h"
 
 using aircraft_catalogue::aircraftFolder;
 
@@ -17,11 +19,11 @@ QString path(const QString &cfgFile, const QString &panel)
 std::optional<QString> aliasIn(const QByteArray &bytes)
 {
     const QByteArrayView key = "alias=";
-    basic::LineReader reader(bytes);
+    LineReader reader(bytes);
     while (!reader.atEnd()) {
         const QByteArrayView line = reader.next();
         if (line.startsWith(key)) {
-            return basic::decodeCodePage(line.sliced(key.size()));
+            return code_page::decode(line.sliced(key.size()));
         }
     }
     return std::nullopt;

@@ -3,6 +3,7 @@
 
 #include "app/services/backup.h"
 #include "platform/files.h"
+#include "platform/runtime_error.h"
 
 namespace fpset_files
 {

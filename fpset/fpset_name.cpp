@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "fpset/fpset_name.h"
 
-#include "platform/basic_text.h"
+#include "platform/blind_to_case.h"
 
 namespace fpset_name
 {
@@ -28,13 +28,13 @@ QString withExtension(const QString &text)
 bool isValid(const QString &fileName)
 {
     return fileName.count('.') <= 1 && fileName.endsWith(extension) &&
-           basic::lower(fileName.left(beginning.size())) == beginning;
+           blind_to_case::lower(fileName.left(beginning.size())) == beginning;
 }
 
 FileSet filesOf(const QString &directory, const QString &fileName)
 {
     const QString suffix =
-        fileName.mid(basic::lower(fileName).indexOf(beginning) + beginning.size());
+        fileName.mid(blind_to_case::lower(fileName).indexOf(beginning) + beginning.size());
     FileSet set;
     set.airportFile = "Airports" + suffix;
     set.aircraftFile = "Aircraft" + suffix;

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "fpset/fpset_page.h"
 
+#include "app/services/look.h"
 #include "app/services/path_display.h"
 #include "fpset/fpset_files.h"
-#include "platform/basic_text.h"
-#include "platform/control_style.h"
+#include "platform/blind_to_case.h"
+#include "platform/controls/control_state.h"
 #include "platform/files.h"
 
 #include <QApplication>
@@ -83,7 +84,7 @@ void FpSetPage::prepare()
 
 void FpSetPage::showTTools(const QString &path)
 {
-    if (basic::lower(path).contains(QLatin1String("ttools.exe"))) {
+    if (blind_to_case::lower(path).contains(QLatin1String("ttools.exe"))) {
         ui->tab2txtTToolsDir->setText(shortenedPath(path, shownPathLimit));
         ui->tab2TToolsDir->setTitle("TTools Directory");
         showDone(ui->tab2TToolsDir);

@@ -3,14 +3,9 @@
 // number; every write is checked, the flush and close included.
 #pragma once
 
-#include "platform/runtime_error.h"
-
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
-
-#include <memory>
-#include <optional>
 
 namespace files
 {
@@ -65,32 +60,5 @@ QStringList subFolders(const QString &path);
 /// The names of the files in a folder that match a pattern ("aircraft*.txt", blind to case), sorted
 /// blind to case. Throws as subFolders.
 QStringList filesMatching(const QString &path, const QString &pattern);
-
-/// A file found in a folder.
-struct FoundFile {
-    QString name; ///< on disk, empty when there is none
-    QByteArray content;
-    std::optional<RuntimeError> failure; ///< why the content could not be read
-};
-
-/// Reads files out of the sub-folders of one folder, as fast as the system can.
-class SubFolderReader
-{
-public:
-    /// Throws Path not found (76), Path/File access error (75).
-    explicit SubFolderReader(const QString &folder);
-    ~SubFolderReader();
-    SubFolderReader(const SubFolderReader &) = delete;
-    SubFolderReader &operator=(const SubFolderReader &) = delete;
-
-    /// Finds the file of this name, blind to case, in a sub-folder and reads it into `found`, whose
-    /// memory is used again. Several threads may call it at once. Throws Path not found (76) or
-    /// Path/File access error (75) for the sub-folder itself.
-    void read(const QString &subFolder, const QString &name, FoundFile &found) const;
-
-private:
-    struct Private;
-    std::unique_ptr<Private> d;
-};
 
 } // namespace files

@@ -2,7 +2,9 @@
 // Starting other programs, and opening documents with the program they belong to.
 #pragma once
 
+#include <QList>
 #include <QString>
+#include <QStringList>
 
 #include <memory>
 
@@ -14,7 +16,7 @@ public:
 
     virtual ~Process() = default;
 
-    /// The exit code; 259 while the program runs.
+    /// The exit code; 259 while the program runs. What ended is seen once events are processed.
     virtual int exitCode() = 0;
 };
 
@@ -42,11 +44,22 @@ public:
     virtual bool raiseWindow(const QString &caption) = 0;
 };
 
+/// What serves where a Windows program is missing, on a host that is not Windows.
+struct Substitute {
+    QString program;             ///< in lower case, without ".exe"
+    QList<QStringList> commands; ///< program of the host with options; the first installed is taken
+};
+
 /// The programs and documents of this machine.
 class SystemProcesses : public ProcessStarter
 {
 public:
+    explicit SystemProcesses(QList<Substitute> substitutes = {});
+
     std::unique_ptr<Process> start(const QString &commandLine, int windowStyle) override;
     void openDocument(const QString &path) override;
     bool raiseWindow(const QString &caption) override;
+
+private:
+    QList<Substitute> m_substitutes;
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/services/aircraft_folders.h"
 
+#include "platform/files.h"
 #include "platform/parallel.h"
 #include "platform/paths.h"
 

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "app/services/cfg_content.h"
-#include "platform/files.h"
+#include "platform/sub_folder_reader.h"
 
 #include <QString>
 #include <QStringList>

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "app/services/cfg_content.h"
 
-#include "platform/basic_text.h"
+#include "platform/basic.h"
+#include "platform/blind_to_case.h"
+#include "platform/code_page.h"
+#include "platform/line_reader.h"
 
 #include <algorithm>
 #include <cmath>
@@ -10,20 +13,10 @@
 namespace
 {
 
-/// Whether a line begins with a word given in lower case, blind to case. Nearly always the first
-/// character decides.
-bool beginsWith(QByteArrayView line, QByteArrayView word)
-{
-    const auto equal = [](char expected, char actual) {
-        return actual == expected || (actual >= 'A' && actual <= 'Z' && actual + 32 == expected);
-    };
-    return line.size() >= word.size() && std::equal(word.begin(), word.end(), line.begin(), equal);
-}
-
 /// What follows the first "=", trimmed; the whole line when there is none.
 QString valueIn(QByteArrayView line)
 {
-    return basic::decodeCodePage(basic::trim(line.sliced(line.indexOf('=') + 1)));
+    return code_page::decode(basic::trim(line.sliced(line.indexOf('=') + 1)));
 }
 
 /// Whether "alias" stands anywhere, blind to case. Only the places of its rarer letter are looked
@@ -32,7 +25,7 @@ bool namesAlias(QByteArrayView bytes)
 {
     return std::any_of("lL", "lL" + 2, [&](char letter) {
         for (qsizetype at = bytes.indexOf(letter, 1); at > 0; at = bytes.indexOf(letter, at + 1)) {
-            if (beginsWith(bytes.sliced(at - 1), "alias")) {
+            if (blind_to_case::startsWith(bytes.sliced(at - 1), "alias")) {
                 return true;
             }
         }
@@ -91,11 +84,11 @@ private:
                 throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
             }
             m_content.titles += valueIn(line);
-        } else if (beginsWith(line, "[fltsim.")) {
+        } else if (blind_to_case::startsWith(line, "[fltsim.")) {
             m_titleExpected = true;
         }
-        if (beginsWith(line, "cruise_speed")) {
-            m_content.speed = cfg_content::speedIn(basic::decodeCodePage(line));
+        if (blind_to_case::startsWith(line, "cruise_speed")) {
+            m_content.speed = cfg_content::speedIn(code_page::decode(line));
             m_content.complete = true;
         }
         return !m_content.complete;
@@ -111,17 +104,17 @@ class EditorReader
 public:
     void take(QByteArrayView line)
     {
-        if (beginsWith(line, "title")) {
+        if (blind_to_case::startsWith(line, "title")) {
             m_title = valueBehind(line, 6);
-        } else if (beginsWith(line, "panel=")) {
+        } else if (blind_to_case::startsWith(line, "panel=")) {
             m_panel = valueBehind(line, 6);
-        } else if (beginsWith(line, "panel =")) {
+        } else if (blind_to_case::startsWith(line, "panel =")) {
             m_panel = valueBehind(line, 7);
-        } else if (beginsWith(line, "ui_manufacturer")) {
+        } else if (blind_to_case::startsWith(line, "ui_manufacturer")) {
             m_manufacturer = valueBehind(line, 16);
-        } else if (beginsWith(line, "ui_variation")) {
+        } else if (blind_to_case::startsWith(line, "ui_variation")) {
             m_variation = valueBehind(line, 13);
-        } else if (beginsWith(line, "ui_type")) {
+        } else if (blind_to_case::startsWith(line, "ui_type")) {
             m_type = valueBehind(line, 8);
         }
     }
@@ -130,7 +123,7 @@ public:
     {
         return {.empty = bytes.isEmpty(),
                 .aliased = namesAlias(bytes),
-                .panel = basic::decodeCodePage(m_panel),
+                .panel = code_page::decode(m_panel),
                 .displayName = displayName()};
     }
 
@@ -150,7 +143,7 @@ private:
             name += (name.isEmpty() ? "" : " - ");
             name += field;
         }
-        return cfg_content::CheckName(basic::decodeCodePage(name));
+        return cfg_content::CheckName(code_page::decode(name));
     }
 
     QByteArrayView m_panel;
@@ -165,7 +158,7 @@ private:
 TrafficContent TrafficContent::parse(const QByteArray &bytes)
 {
     TrafficReader reader;
-    basic::LineReader lines(bytes);
+    LineReader lines(bytes);
     while (!lines.atEnd() && reader.take(lines.next())) {
     }
     return reader.finished(bytes);
@@ -174,7 +167,7 @@ TrafficContent TrafficContent::parse(const QByteArray &bytes)
 EditorContent EditorContent::parse(const QByteArray &bytes)
 {
     EditorReader reader;
-    basic::LineReader lines(bytes);
+    LineReader lines(bytes);
     while (!lines.atEnd()) {
         reader.take(lines.next());
     }
@@ -188,7 +181,7 @@ std::pair<TrafficContent, EditorContent> parseBoth(const QByteArray &bytes)
 {
     TrafficReader traffic;
     EditorReader editor;
-    basic::LineReader lines(bytes);
+    LineReader lines(bytes);
     for (bool trafficGoesOn = true; !lines.atEnd();) {
         const QByteArrayView line = lines.next();
         trafficGoesOn = trafficGoesOn && traffic.take(line);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/services/error_report.h"
 
-#include "platform/basic_text.h"
+#include "platform/basic.h"
 
 QString ErrorReport::describe(const RuntimeError &error)
 {

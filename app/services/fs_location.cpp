@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/services/fs_location.h"
 
-#include "platform/basic_text.h"
+#include "platform/blind_to_case.h"
 
 #include <array>
 
@@ -37,14 +37,14 @@ QString aircraftDirectory(const QString &installation)
 
 bool endsInAircraftFolder(const QString &path)
 {
-    const QString lowered = basic::lower(path);
+    const QString lowered = blind_to_case::lower(path);
     return std::any_of(folderWords.begin(), folderWords.end(),
                        [&](QStringView word) { return lowered.endsWith(word); });
 }
 
 bool namesAircraftFolder(const QString &path)
 {
-    const QString lowered = basic::lower(path);
+    const QString lowered = blind_to_case::lower(path);
     return std::any_of(folderWords.begin(), folderWords.end(),
                        [&](QStringView word) { return lowered.contains(word); });
 }

@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "app/services/settings_file.h"
 
-#include "platform/basic_text.h"
+#include "platform/code_page.h"
+#include "platform/sequential_input.h"
 
 namespace settings_file
 {
 
 Settings parse(const QByteArray &bytes)
 {
-    basic::SequentialInput input(basic::decode(bytes));
+    SequentialInput input(code_page::decodeMarked(bytes));
     Settings settings;
     for (QString *value :
          {&settings.lastTab, &settings.tToolsPath, &settings.drive, &settings.aircraftDir,
@@ -26,7 +27,7 @@ QByteArray compose(const Settings &settings)
           settings.aircraftTextFile, settings.showAddAirportHelp}) {
         text += value + "\r\n";
     }
-    return basic::encode(text);
+    return code_page::encode(text);
 }
 
 } // namespace settings_file

@@ -24,7 +24,7 @@ constexpr qint64 shortestLength = 11;
 /// Throws RuntimeError: Input past end of file (62) when there are fewer.
 Settings parse(const QByteArray &bytes);
 
-/// The six lines, each ending in CR LF, in the code page (see basic::encode).
+/// The six lines, each ending in CR LF, in the code page (see code_page::encode).
 QByteArray compose(const Settings &settings);
 
 } // namespace settings_file

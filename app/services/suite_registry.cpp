@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/services/suite_registry.h"
 
-#include "platform/basic_text.h"
+#include "platform/blind_to_case.h"
 #include "platform/paths.h"
 
 namespace suite_registry
@@ -50,7 +50,8 @@ void CheckRegistry(Registry &registry, FormState &state, const QString &caption)
 
 QString folderOf(const QString &registeredPath, const QString &program)
 {
-    const qsizetype end = basic::lower(registeredPath).indexOf(basic::lower('\\' + program));
+    const qsizetype end =
+        blind_to_case::lower(registeredPath).indexOf(blind_to_case::lower('\\' + program));
     return end < 0 ? registeredPath : registeredPath.first(end);
 }
 

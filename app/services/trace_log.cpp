@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/services/trace_log.h"
 
-#include "platform/basic_text.h"
+#include "platform/basic.h"
+#include "platform/code_page.h"
 #include "platform/files.h"
 
 #include <QRegularExpression>
@@ -26,13 +27,14 @@ void TraceLog::WriteToLog()
 
 void TraceLog::append(const QString &line) const
 {
-    const QByteArray bytes = basic::encode(line + "\r\n");
+    const QByteArray bytes = code_page::encode(line + "\r\n");
     const QByteArray content = files::exists(path()) ? files::readAll(path()) : QByteArray();
     // One character the code page lacks turns the log, and all that follows, into UTF-8.
-    if (!basic::isUtf8(content) && !basic::isUtf8(bytes)) {
+    if (!code_page::isUtf8(content) && !code_page::isUtf8(bytes)) {
         files::appendLines(path(), bytes);
     } else {
-        files::writeAll(path(), basic::encodeUtf8(basic::decode(content) + line + "\r\n"));
+        files::writeAll(path(),
+                        code_page::encodeUtf8(code_page::decodeMarked(content) + line + "\r\n"));
     }
 }
 
@@ -60,8 +62,8 @@ void TraceLog::setTracing(bool on)
     }
     files::openForAppend(path());
     files::remove(path());
-    files::writeAll(path(), basic::encode(separator() + "\r\nTrace Ended " + dateAndTime() +
-                                          "\r\n" + separator() + "\r\n"));
+    files::writeAll(path(), code_page::encode(separator() + "\r\nTrace Ended " + dateAndTime() +
+                                              "\r\n" + separator() + "\r\n"));
 }
 
 QString TraceLog::separator()

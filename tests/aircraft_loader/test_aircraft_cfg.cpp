@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Reading titles and cruise speed out of an aircraft.cfg.
 #include "aircraft_loader/aircraft_cfg.h"
-#include "platform/basic_text.h"
+#include "platform/code_page.h"
 #include "tests/support/failure.h"
 
 #include <QtTest>
@@ -438,7 +438,7 @@ void TestAircraftCfg::everyByteOfATitleIsKept()
     }
     const AircraftCfg cfg = read("[fltsim.0]\r\ntitle=" + title + "\r\ncruise_speed=1\r\n");
     QCOMPARE(cfg.AircraftTitles.size(), 1);
-    QCOMPARE(basic::encode(cfg.AircraftTitles[0]), title);
+    QCOMPARE(code_page::encode(cfg.AircraftTitles[0]), title);
 }
 
 void TestAircraftCfg::nulBytesAreText()

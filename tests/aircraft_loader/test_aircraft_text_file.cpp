@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Reading and writing the lines of an aircraft text file.
 #include "aircraft_loader/aircraft_text_file.h"
-#include "platform/basic_text.h"
+#include "platform/code_page.h"
 #include "tests/support/failure.h"
 
 #include <QLocale>
@@ -275,7 +275,7 @@ void TestAircraftTextFile::everyByteOfATitleComesBack()
     AircraftTextFile file;
     file.read(line + "\r\n");
     QCOMPARE(file.lines.size(), 1);
-    QCOMPARE(basic::encode(file.lines[0]), line);
+    QCOMPARE(code_page::encode(file.lines[0]), line);
 }
 
 void TestAircraftTextFile::nulBytesAreText()

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The walk through the aircraft folders, and taking its entries apart again.
 #include "aircraft_loader/available_aircraft.h"
-#include "platform/basic_text.h"
+#include "platform/code_page.h"
 #include "platform/files.h"
 #include "tests/support/failure.h"
 #include "tests/support/sandbox.h"
@@ -538,7 +538,7 @@ void TestAvailableAircraft::titleBytesGoThroughUnchanged()
     walk.writeCfg("A", "[fltsim.0]\r\ntitle=" + title + "\r\ncruise_speed=7\r\n");
     QCOMPARE(walk.run(), QString());
     QCOMPARE(walk.walk.entries.size(), 1);
-    QCOMPARE(basic::encode(walk.walk.entries[0]), title + " 7");
+    QCOMPARE(code_page::encode(walk.walk.entries[0]), title + " 7");
 }
 
 void TestAvailableAircraft::foldersWithUnusualNamesAreRead()

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The airport text file: its items, its lines, and the lines that a choice stands for.
 #include "airport_loader/airport_text_file.h"
-#include "platform/basic_text.h"
+#include "platform/code_page.h"
 #include "tests/support/airport_list.h"
 #include "tests/support/failure.h"
 
@@ -29,7 +29,7 @@ QStringList codes(const QByteArray &list, const QList<AirportChoice> &choices)
 {
     QStringList texts;
     for (const ChosenLine &chosen : chosenLines(list, choices)) {
-        texts += basic::decodeCodePage(AirportRecord::split(chosen.line).icao);
+        texts += code_page::decode(AirportRecord::split(chosen.line).icao);
     }
     return texts;
 }
@@ -58,22 +58,22 @@ public:
 
     AirportChoice choice()
     {
-        const QString country = basic::decodeCodePage(pick(countries));
+        const QString country = code_page::decode(pick(countries));
         switch (m_random.bounded(6)) {
         case 0:
             return {country, country};
         case 1: // a province looked up in its country, or with the codes in front
-            return {basic::decodeCodePage(pick(provinces)), country};
+            return {code_page::decode(pick(provinces)), country};
         case 2: {
-            const QString province = basic::decodeCodePage(pick(provinces));
+            const QString province = code_page::decode(pick(provinces));
             return {province, province};
         }
         case 3: // too short to be told by its first four bytes
-            return {basic::decodeCodePage(text(3)), country};
+            return {code_page::decode(text(3)), country};
         case 4: // across fields, or longer than a line
-            return {basic::decodeCodePage(code() + '|' + text(40)), country};
+            return {code_page::decode(code() + '|' + text(40)), country};
         default:
-            return {basic::decodeCodePage(code()), m_random.bounded(8) == 0 ? QString() : country};
+            return {code_page::decode(code()), m_random.bounded(8) == 0 ? QString() : country};
         }
     }
 
@@ -135,8 +135,8 @@ std::vector<std::pair<int, qsizetype>> plainLoop(const KnownList &list,
 {
     std::vector<std::pair<int, qsizetype>> found;
     for (int i = 0; i < choices.size(); ++i) {
-        const std::string search = basic::encode(choices[i].search).toStdString();
-        const std::string country = basic::encode(choices[i].country).toStdString();
+        const std::string search = code_page::encode(choices[i].search).toStdString();
+        const std::string country = code_page::encode(choices[i].country).toStdString();
         for (const auto &[start, length] : list.lines) {
             const std::string line = list.bytes.mid(start, length).toStdString();
             if (line.find(search) != std::string::npos &&
@@ -312,7 +312,7 @@ void TestAirportTextFile::writtenLineReadsBack()
     QByteArray file;
     for (const ChosenLine &chosen : chosenLines(smallAirportList, {{"", ""}})) {
         const AirportRecord record = AirportRecord::split(chosen.line);
-        file += basic::encode(airport_text_file::airportLine(record)) + "\r\n";
+        file += code_page::encode(airport_text_file::airportLine(record)) + "\r\n";
     }
     const QString munich = QString::fromUtf8("München");
     QCOMPARE(existingItems(file),
@@ -329,7 +329,7 @@ void TestAirportTextFile::entryLongerThan35CharactersReadsBackShifted()
     const QString line =
         airport_text_file::airportLine(AirportRecord::split("c|p|n|t|KSEA|" + entry));
     QCOMPARE(line, QString(entry) + "     //t, p, c");
-    QCOMPARE(existingItems(basic::encode(line)), QStringList{"KSEA - //t, p, c"});
+    QCOMPARE(existingItems(code_page::encode(line)), QStringList{"KSEA - //t, p, c"});
 }
 
 void TestAirportTextFile::headerHoldsLongDateAndClock_data()

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The world's airports: the file in the system directory, its records and the lists made of it.
 #include "airport_loader/master_airport_list.h"
-#include "platform/basic_text.h"
+#include "platform/code_page.h"
 #include "tests/support/airport_list.h"
 #include "tests/support/failure.h"
 #include "tests/support/sandbox.h"
@@ -390,7 +390,7 @@ void TestMasterAirportList::accentsComeBackAsBytes()
     const QByteArray list =
         QByteArrayList{name, name, name, name, name, ""}.join('|') + "\r\n|||||";
     const QString text = countriesOf(list).items.value(0);
-    QCOMPARE(basic::encode(text), name);
+    QCOMPARE(code_page::encode(text), name);
     const QString byName = text + ", " + text + " - " + text;
     const QString byIcao = text + " - " + text + ", " + text;
     const QStringList expected = {text, byName, byIcao}; // found again by its text

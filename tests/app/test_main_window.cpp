@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Pages, menus, links and quitting.
-#include "platform/dir_list_box.h"
-#include "platform/link_label.h"
-#include "platform/list_box.h"
+#include "app/services/link_label.h"
+#include "platform/controls/dir_list_box.h"
+#include "platform/controls/list_box.h"
 #include "tests/support/file_size_limit.h"
 #include "tests/support/program.h"
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // How the program comes up, with and without a previous run.
 #include "app/cls_os.h"
-#include "platform/dir_list_box.h"
-#include "platform/drive_list_box.h"
-#include "platform/list_box.h"
+#include "platform/controls/dir_list_box.h"
+#include "platform/controls/drive_list_box.h"
+#include "platform/controls/list_box.h"
 #include "platform/paths.h"
 #include "tests/support/program.h"
 

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
+#include "app/services/notepad_substitutes.h"
 #include "config_editor/config_editor_page.h"
 
-#include "platform/dir_list_box.h"
-#include "platform/drive_list_box.h"
-#include "platform/link_label.h"
-#include "platform/list_box.h"
+#include "app/services/link_label.h"
+#include "platform/controls/dir_list_box.h"
+#include "platform/controls/drive_list_box.h"
+#include "platform/controls/list_box.h"
 #include "tests/support/failure.h"
 #include "tests/support/page_driver.h"
 
@@ -580,7 +581,7 @@ void TestConfigEditorPage::notepadTakesAnyNameAsOneArgument()
     QFile::setPermissions(editor.sandbox.host(notepad), QFile::ReadOwner | QFile::ExeOwner);
     const QString aircraft = editor.directory + '\\' + folder;
     for (const QString &file : {aircraft + "\\aircraft.cfg", aircraft + "\\Panel\\panel.cfg"}) {
-        SystemProcesses processes;
+        SystemProcesses processes(notepadSubstitutes());
         const auto process = processes.start(editor.outside.processes.started.takeFirst(), 1);
         QTRY_COMPARE(process->exitCode(), 0);
         QString seen = QString::fromUtf8(editor.sandbox.read("C:\\Morlen\\seen"));

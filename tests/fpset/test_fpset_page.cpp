@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Page 2, step by step: what each step enables, shows, writes and asks of the other pages.
-#include "platform/link_label.h"
+#include "app/services/link_label.h"
 #include "tests/support/fpset_driver.h"
 
 namespace

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Files and folders by their Windows paths, and what fails about them.
 #include "platform/files.h"
+#include "platform/sub_folder_reader.h"
 #include "tests/support/failure.h"
 #include "tests/support/file_size_limit.h"
 #include "tests/support/sandbox.h"

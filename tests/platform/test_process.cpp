@@ -1,19 +1,19 @@
 // SPDX-License-Identifier: MIT
 // Real child processes: what they get, what they leave, and which program a command line means.
-#include "platform/process_posix.h"
+#include "platform/prefix/host_command.h"
 
+#include "app/services/notepad_substitutes.h"
 #include "app/services/services.h"
+#include "platform/host.h"
 #include "platform/paths.h"
 #include "tests/support/failure.h"
 #include "tests/support/fakes.h"
 #include "tests/support/sandbox.h"
 
-#include <QDesktopServices>
 #include <QDir>
 #include <QFileInfo>
 #include <QTimer>
 #include <QtTest>
-#include <QUrl>
 
 #include <cerrno>
 #include <csignal>
@@ -68,7 +68,7 @@ public:
     /// shortened to "c:/...".
     QStringList resolved(const QString &commandLine) const
     {
-        const HostCommand command = resolveCommand(commandLine);
+        const HostCommand command = resolveCommand(commandLine, notepadSubstitutes());
         QStringList words = QStringList(command.program) + command.arguments;
         for (QString &word : words) {
             const QString host = QFileInfo(word).absoluteFilePath();
@@ -83,7 +83,7 @@ public:
     }
 
     Sandbox sandbox;
-    SystemProcesses processes;
+    SystemProcesses processes{notepadSubstitutes()};
 
 private:
     QByteArray m_oldPath;
@@ -114,18 +114,11 @@ private:
     int m_descriptor;
 };
 
-/// Whether this process has a child, running or waiting to be buried.
+/// Whether this process has a child, running or ended and not asked how.
 bool hasChild()
 {
     siginfo_t info = {};
     return ::waitid(P_ALL, 0, &info, WEXITED | WNOHANG | WNOWAIT) == 0 || errno != ECHILD;
-}
-
-/// Whether a child has ended and nobody has asked how.
-bool hasZombie()
-{
-    siginfo_t info = {};
-    return ::waitid(P_ALL, 0, &info, WEXITED | WNOHANG | WNOWAIT) == 0 && info.si_pid != 0;
 }
 
 /// The shell with real programs; time, boxes and the registry are faked.
@@ -146,12 +139,7 @@ class TestProcess : public QObject
 {
     Q_OBJECT
 
-public Q_SLOTS:
-
-    void takeUrl(const QUrl &url) { m_opened += url; }
-
 private Q_SLOTS:
-    void cleanup();
     void exitCodeIsTheChilds_data();
     void exitCodeIsTheChilds();
     void exitCodeIs259WhileTheChildRuns();
@@ -174,9 +162,10 @@ private Q_SLOTS:
     void editorStandsInForNotepad_data();
     void editorStandsInForNotepad();
     void noNotepadAndNoEditorFails();
-    void finishedChildLeavesNoZombie();
+    void finishedChildLeavesNothingOver();
     void droppedChildRunsOn();
-    void droppedChildIsBuriedAtTheNextStart();
+    void droppedChildLeavesNothingOver();
+    void childHasTheUsualSignals();
     void waitEndsWithTheChild();
     void childThatFailsKeepsTheWaitGoingUntilTheTimeOut();
     void quittingWhileAChildRunsEndsTheWaitAndLeavesTheChild();
@@ -185,16 +174,7 @@ private Q_SLOTS:
     void missingDocumentFails_data();
     void missingDocumentFails();
     void documentThatNothingOpensFails();
-
-private:
-    QList<QUrl> m_opened;
 };
-
-void TestProcess::cleanup()
-{
-    QDesktopServices::unsetUrlHandler("file");
-    m_opened.clear();
-}
 
 void TestProcess::exitCodeIsTheChilds_data()
 {
@@ -443,7 +423,7 @@ void TestProcess::noNotepadAndNoEditorFails()
              QString("53 File not found"));
 }
 
-void TestProcess::finishedChildLeavesNoZombie()
+void TestProcess::finishedChildLeavesNothingOver()
 {
     Programs programs;
     programs.addScript("C:\\Bin\\tool", "exit 0");
@@ -459,21 +439,28 @@ void TestProcess::droppedChildRunsOn()
     const Gate gate(programs.sandbox.host("C:\\Bin\\gate"));
     programs.addScript("C:\\Bin\\tool", gate.wait() + "echo done > \"$OUT\"");
     programs.processes.start("C:\\Bin\\tool", 1).reset();
-    QVERIFY(!programs.sandbox.exists(out));
+    QVERIFY(hasChild() && !programs.sandbox.exists(out));
     QVERIFY(gate.open());
-    QTRY_VERIFY(programs.sandbox.exists(out) && hasZombie());
+    QTRY_VERIFY(!hasChild());
     QCOMPARE(programs.sandbox.read(out), QByteArray("done\n"));
 }
 
-void TestProcess::droppedChildIsBuriedAtTheNextStart()
+void TestProcess::droppedChildLeavesNothingOver()
 {
     Programs programs;
     programs.addScript("C:\\Bin\\tool", "exit 0");
     programs.processes.start("C:\\Bin\\tool", 1).reset();
-    QTRY_VERIFY(hasZombie());
+    QTRY_VERIFY(!hasChild());
+}
+
+/// What this process ignores for its own sake, a program it starts does not.
+void TestProcess::childHasTheUsualSignals()
+{
+    prepareHost();
+    Programs programs;
+    programs.addScript("C:\\Bin\\tool", "kill -XFSZ $$");
     const auto child = programs.processes.start("C:\\Bin\\tool", 1);
-    QTRY_COMPARE(child->exitCode(), 0);
-    QVERIFY(!hasChild());
+    QTRY_COMPARE(child->exitCode(), 128 + SIGXFSZ);
 }
 
 void TestProcess::waitEndsWithTheChild()
@@ -510,9 +497,10 @@ void TestProcess::quittingWhileAChildRunsEndsTheWaitAndLeavesTheChild()
     QTimer::singleShot(0, this, [&] { real.services.state.ended = true; });
     QVERIFY(!real.services.shell.Shellandwait("C:\\Bin\\tool", 0, 1));
     QCOMPARE(real.fakes.dialogs.boxes.size(), 0);
-    QVERIFY(hasChild() && !hasZombie());
+    QVERIFY(hasChild() && !programs.sandbox.exists(out));
     QVERIFY(gate.open());
-    QTRY_VERIFY(programs.sandbox.exists(out) && hasZombie());
+    QTRY_VERIFY(!hasChild());
+    QVERIFY(programs.sandbox.exists(out));
 }
 
 void TestProcess::missingProgramIsReportedByTheWait()
@@ -529,11 +517,14 @@ void TestProcess::documentIsOpenedAsAFile()
 {
     Programs programs;
     programs.sandbox.write("C:\\Morlen\\Docs\\My #1 %20 help.htm", "");
-    QDesktopServices::setUrlHandler("file", this, "takeUrl");
+    programs.addScript("C:\\Path\\xdg-open", "printf '%s|' $# \"$@\" > \"$OUT.part\"\n"
+                                             "/bin/mv \"$OUT.part\" \"$OUT\"");
     QVERIFY(QDir::setCurrent("/"));
     programs.processes.openDocument("c:\\morlen\\docs\\my #1 %20 help.htm");
-    QCOMPARE(m_opened.size(), 1);
-    QCOMPARE(QFileInfo(m_opened[0].toLocalFile()).canonicalFilePath(),
+    QTRY_VERIFY(programs.sandbox.exists(out));
+    const QList<QByteArray> words = programs.sandbox.read(out).split('|');
+    QCOMPARE(words.value(0), QByteArray("1"));
+    QCOMPARE(QFileInfo(QFile::decodeName(words.value(1))).canonicalFilePath(),
              QFileInfo(programs.sandbox.host("C:\\Morlen\\Docs\\My #1 %20 help.htm"))
                  .canonicalFilePath());
 }
@@ -549,15 +540,14 @@ void TestProcess::missingDocumentFails()
 {
     QFETCH(QString, path);
     Programs programs;
-    QDesktopServices::setUrlHandler("file", this, "takeUrl");
+    programs.addScript("C:\\Path\\xdg-open", "exit 0");
     QCOMPARE(failureOf([&] { programs.processes.openDocument(path); }),
              QString("53 File not found"));
-    QCOMPARE(m_opened.size(), 0);
 }
 
 void TestProcess::documentThatNothingOpensFails()
 {
-    Programs programs; // neither a browser nor xdg-open on the PATH
+    Programs programs; // no xdg-open on the PATH
     programs.sandbox.write("C:\\Morlen\\Donate.htm", "");
     QCOMPARE(failureOf([&] { programs.processes.openDocument("C:\\Morlen\\Donate.htm"); }),
              QString("53 File not found"));

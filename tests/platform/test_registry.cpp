@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The registry of a Wine prefix: its text format, its views, and writing that harms nothing.
-#include "platform/reg_file.h"
-#include "platform/registry_prefix.h"
+#include "platform/prefix/reg_file.h"
+#include "platform/prefix/wine_server.h"
 #include "platform/runtime_error.h"
 #include "tests/support/sandbox.h"
 

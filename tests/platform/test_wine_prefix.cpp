@@ -3,8 +3,8 @@
 // round. Skipped where there is no Wine.
 #include "app/services/services.h"
 #include "app/services/suite_registry.h"
-#include "platform/process_posix.h"
-#include "platform/registry_prefix.h"
+#include "platform/prefix/host_command.h"
+#include "platform/prefix/wine_server.h"
 #include "tests/support/fakes.h"
 #include "tests/support/sandbox.h"
 
@@ -391,7 +391,7 @@ void TestWinePrefix::aRunningWineIsTold()
 
 void TestWinePrefix::notepadIsTheOneOfThePrefix()
 {
-    const HostCommand command = resolveCommand("NOTEPAD.EXE C:\\x y.txt");
+    const HostCommand command = resolveCommand("NOTEPAD.EXE C:\\x y.txt", {});
     QCOMPARE(command.program, QStandardPaths::findExecutable("wine"));
     QCOMPARE(command.arguments,
              QStringList({m_sandbox->host("C:\\windows\\system32\\notepad.exe"), "C:\\x y.txt"}));

@@ -3,9 +3,10 @@
 // $WINEPREFIX: take_screenshots FOLDER. The folder is on the host.
 #include "app/frm_morlen_editor.h"
 #include "app/frm_splash.h"
-#include "platform/list_box.h"
+#include "app/services/notepad_substitutes.h"
+#include "platform/controls/list_box.h"
+#include "platform/controls/system_dialogs.h"
 #include "platform/paths.h"
-#include "platform/system_dialogs.h"
 #include "tests/support/find_control.h"
 #include "tests/support/real_user.h"
 
@@ -215,7 +216,7 @@ int main(int argc, char *argv[])
 
         const auto registry = systemRegistry();
         const FixedClock clock;
-        SystemProcesses processes;
+        SystemProcesses processes(notepadSubstitutes());
         SystemDialogs dialogs;
         frmMorlenEditor window({*registry, processes, dialogs, clock});
         dialogs.setParent(&window);

@@ -3,8 +3,8 @@
 #pragma once
 
 #include "aircraft_loader/aircraft_loader_page.h"
-#include "platform/dir_list_box.h"
-#include "platform/list_box.h"
+#include "platform/controls/dir_list_box.h"
+#include "platform/controls/list_box.h"
 #include "tests/support/page_driver.h"
 
 class AircraftLoaderDriver : public PageDriver<AircraftLoaderPage>

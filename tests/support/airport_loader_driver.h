@@ -3,8 +3,8 @@
 #pragma once
 
 #include "airport_loader/airport_loader_page.h"
-#include "platform/drag_list_box.h"
-#include "platform/list_box.h"
+#include "platform/controls/drag_list_box.h"
+#include "platform/controls/list_box.h"
 #include "tests/support/airport_list.h"
 #include "tests/support/page_driver.h"
 

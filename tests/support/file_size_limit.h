@@ -2,6 +2,8 @@
 // A disk that is full.
 #pragma once
 
+#include "platform/host.h"
+
 #include <QtGlobal>
 
 #include <sys/resource.h>
@@ -12,6 +14,7 @@ class FileSizeLimit
 public:
     explicit FileSizeLimit(qint64 bytes)
     {
+        prepareHost(); // as main() does, or the limit would end the test
         getrlimit(RLIMIT_FSIZE, &m_before);
         const rlimit limit = {static_cast<rlim_t>(bytes), m_before.rlim_max};
         setrlimit(RLIMIT_FSIZE, &limit);

@@ -3,9 +3,10 @@
 #pragma once
 
 #include "app/services/services.h"
-#include "platform/basic_text.h"
+#include "platform/line_reader.h"
 #include "tests/support/fakes.h"
 #include "tests/support/find_control.h"
+#include "tests/support/lines.h"
 #include "tests/support/sandbox.h"
 
 #include <QAbstractButton>
@@ -91,7 +92,7 @@ public:
         const QString log = "C:\\Morlen\\TraceLog.txt";
         QStringList entries;
         if (sandbox.exists(log)) {
-            for (const QString &line : basic::lines(sandbox.read(log))) {
+            for (const QString &line : linesOf(sandbox.read(log))) {
                 entries += line.section(" - ", 1);
             }
         }

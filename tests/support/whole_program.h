@@ -3,8 +3,9 @@
 #pragma once
 
 #include "app/frm_morlen_editor.h"
-#include "platform/list_box.h"
-#include "platform/system_dialogs.h"
+#include "app/services/notepad_substitutes.h"
+#include "platform/controls/list_box.h"
+#include "platform/controls/system_dialogs.h"
 #include "tests/support/airport_list.h"
 #include "tests/support/find_control.h"
 #include "tests/support/real_user.h"
@@ -65,7 +66,7 @@ public:
     {
         const auto registry = systemRegistry();
         const SystemClock clock;
-        SystemProcesses processes;
+        SystemProcesses processes(notepadSubstitutes());
         SystemDialogs dialogs;
         window = std::make_unique<frmMorlenEditor>(Outside{*registry, processes, dialogs, clock});
         dialogs.setParent(window.get());

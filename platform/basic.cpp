@@ -1,0 +1,197 @@
+// SPDX-License-Identifier: MIT
+#include "platform/basic.h"
+
+#include "platform/runtime_error.h"
+
+#include <QDateTime>
+#include <QLocale>
+#include <QRegularExpression>
+
+#include <cmath>
+
+namespace basic
+{
+
+namespace
+{
+
+bool isBlankForVal(QChar c)
+{
+    return c == ' ' || c == '\t' || c == '\n';
+}
+
+/// Val of the digits behind "&H" or "&O". Up to 16 (then 32) bits they stand for a signed number.
+double prefixedNumber(QStringView digits, int base)
+{
+    std::uint64_t number = 0;
+    for (const QChar c : digits) {
+        if (isBlankForVal(c)) {
+            continue;
+        }
+        bool ok = false;
+        const uint digit = QString(c).toUInt(&ok, base);
+        if (!ok) {
+            break;
+        }
+        number = number * static_cast<uint>(base) + digit;
+        if (number > 0xFFFFFFFFU) {
+            throw RuntimeError(ErrorNumber::Overflow);
+        }
+    }
+    if (number <= 0xFFFFU) {
+        return static_cast<std::int16_t>(number);
+    }
+    return static_cast<std::int32_t>(number);
+}
+
+/// The longest leading part of `text` that is a decimal number, blanks left out.
+QString leadingDecimal(QStringView text)
+{
+    QString number;
+    bool point = false;
+    bool exponent = false;
+    for (const QChar c : text) {
+        const QChar last = number.isEmpty() ? QChar() : number.back();
+        if (isBlankForVal(c)) {
+            continue;
+        }
+        const bool digit = c >= '0' && c <= '9';
+        const bool sign = (c == '+' || c == '-') && (number.isEmpty() || last == 'e');
+        if (digit || sign) {
+            number += c;
+        } else if (c == '.' && !point && !exponent) {
+            point = true;
+            number += c;
+        } else if (QStringLiteral("eEdD").contains(c) && !exponent &&
+                   (last.isDigit() || last == '.')) {
+            exponent = true;
+            number += 'e';
+        } else {
+            break;
+        }
+    }
+    return number;
+}
+
+template <typename Text>
+Text trimmed(const Text &text)
+{
+    qsizetype start = 0;
+    qsizetype end = text.size();
+    while (start < end && text[start] == ' ') {
+        ++start;
+    }
+    while (end > start && text[end - 1] == ' ') {
+        --end;
+    }
+    return text.sliced(start, end - start);
+}
+
+} // namespace
+
+QByteArrayView trim(QByteArrayView text)
+{
+    return trimmed(text);
+}
+
+QString trim(const QString &text)
+{
+    return trimmed(text);
+}
+
+qsizetype inStr(const QString &text, const QString &needle)
+{
+    return text.indexOf(needle) + 1;
+}
+
+QString mid(const QString &text, qsizetype position, qsizetype count)
+{
+    if (position < 1 || count < 0) {
+        throw RuntimeError(ErrorNumber::InvalidProcedureCall);
+    }
+    return text.mid(position - 1, count);
+}
+
+QString str(int number)
+{
+    return number < 0 ? QString::number(number) : ' ' + QString::number(number);
+}
+
+double val(QStringView text)
+{
+    qsizetype start = 0;
+    while (start < text.size() && isBlankForVal(text[start])) {
+        ++start;
+    }
+    const QStringView rest = text.sliced(start);
+    if (rest.startsWith(u"&h", Qt::CaseInsensitive)) {
+        return prefixedNumber(rest.sliced(2), 16);
+    }
+    if (rest.startsWith(u"&o", Qt::CaseInsensitive)) {
+        return prefixedNumber(rest.sliced(2), 8);
+    }
+    QString number = leadingDecimal(rest);
+    // An exponent without figures is not part of the number.
+    while (!number.isEmpty() &&
+           (number.endsWith('e') || number.endsWith('+') || number.endsWith('-'))) {
+        number.chop(1);
+    }
+    bool ok = false;
+    const double value = QLocale::c().toDouble(number, &ok);
+    if (std::isinf(value)) {
+        throw RuntimeError(ErrorNumber::Overflow);
+    }
+    return ok ? value : 0;
+}
+
+std::int16_t toInteger16(const QString &text)
+{
+    bool plain = false; // figures only, as in nearly every line of a text file
+    const short figures = text.toShort(&plain);
+    if (plain) {
+        return figures;
+    }
+    static const QRegularExpression number(
+        QRegularExpression::anchoredPattern(
+            R"([+-]?(\d[\d,]*\.?\d*|\.\d+)([ed][+-]?\d+)?|&h[\da-f]+|&o[0-7]+)"),
+        QRegularExpression::CaseInsensitiveOption);
+    QString trimmed = text.trimmed();
+    if (!number.match(trimmed).hasMatch()) {
+        throw RuntimeError(ErrorNumber::TypeMismatch);
+    }
+    const double value = val(trimmed.remove(','));
+    const double rounded = std::nearbyint(value); // the default mode: halves go to the even number
+    if (rounded < INT16_MIN || rounded > INT16_MAX) {
+        throw RuntimeError(ErrorNumber::Overflow);
+    }
+    return static_cast<std::int16_t>(rounded);
+}
+
+std::int16_t add16(std::int16_t a, int b)
+{
+    const int sum = a + b;
+    if (sum < INT16_MIN || sum > INT16_MAX) {
+        throw RuntimeError(ErrorNumber::Overflow);
+    }
+    return static_cast<std::int16_t>(sum);
+}
+
+QString wholeNumberText(double number)
+{
+    if (std::fabs(number) < 1e15) {
+        return QString::number(static_cast<qint64>(number));
+    }
+    return QString::number(number, 'G', 15);
+}
+
+QString longDate(const QDateTime &time)
+{
+    return QLocale::c().toString(time, QStringLiteral("dddd, MMMM dd, yyyy"));
+}
+
+QString clockTime(const QDateTime &time)
+{
+    return time.toString(QStringLiteral("HH:mm:ss"));
+}
+
+} // namespace basic

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+// Comparing texts without regard to case, as Windows compares names.
+#pragma once
+
+#include <QByteArrayView>
+#include <QString>
+
+#include <algorithm>
+
+namespace blind_to_case
+{
+
+/// Lower case, character for character: positions in the result are positions in the text.
+QString lower(QStringView text);
+
+/// Whether bytes begin with a word given in lower case; letters beyond ASCII count as they are.
+inline bool startsWith(QByteArrayView bytes, QByteArrayView word)
+{
+    const auto equal = [](char expected, char actual) {
+        return actual == expected || (actual >= 'A' && actual <= 'Z' && actual + 32 == expected);
+    };
+    return bytes.size() >= word.size() &&
+           std::equal(word.begin(), word.end(), bytes.begin(), equal);
+}
+
+} // namespace blind_to_case

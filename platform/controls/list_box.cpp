@@ -1,0 +1,262 @@
+// SPDX-License-Identifier: MIT
+#include "platform/controls/list_box.h"
+
+#include "platform/list_order.h"
+
+#include <QAbstractListModel>
+#include <QBitArray>
+#include <QFontMetrics>
+#include <QKeyEvent>
+#include <QStyledItemDelegate>
+
+#include <algorithm>
+
+class ListBoxModel : public QAbstractListModel
+{
+public:
+    using QAbstractListModel::QAbstractListModel;
+
+    int rowCount(const QModelIndex &parent = {}) const override
+    {
+        return parent.isValid() ? 0 : static_cast<int>(items.size());
+    }
+
+    QVariant data(const QModelIndex &index, int role) const override
+    {
+        if (role == Qt::DisplayRole) {
+            return items.value(index.row());
+        }
+        if (role == Qt::CheckStateRole && checkBoxes) {
+            return checked.testBit(index.row()) ? Qt::Checked : Qt::Unchecked;
+        }
+        return {};
+    }
+
+    bool setData(const QModelIndex &index, const QVariant &value, int role) override
+    {
+        if (role != Qt::CheckStateRole) {
+            return false;
+        }
+        setChecked(index.row(), index.row(), value.toInt() == Qt::Checked);
+        return true;
+    }
+
+    Qt::ItemFlags flags(const QModelIndex &index) const override
+    {
+        const Qt::ItemFlags flags = QAbstractListModel::flags(index) | Qt::ItemIsDragEnabled;
+        return checkBoxes ? flags | Qt::ItemIsUserCheckable : flags;
+    }
+
+    void replace(const QStringList &newItems)
+    {
+        beginResetModel();
+        items = newItems;
+        checked = QBitArray(items.size());
+        checkedCount = 0;
+        endResetModel();
+    }
+
+    /// Before an entry, whose check marks move along with it and all below.
+    void insert(int row, const QString &item)
+    {
+        beginInsertRows({}, row, row);
+        items.insert(row, item);
+        checked.resize(items.size());
+        for (qsizetype i = items.size() - 1; i > row; --i) {
+            checked.setBit(i, checked.testBit(i - 1));
+        }
+        checked.clearBit(row);
+        endInsertRows();
+    }
+
+    void remove(int row)
+    {
+        setChecked(row, row, false);
+        beginRemoveRows({}, row, row);
+        items.removeAt(row);
+        for (qsizetype i = row; i < items.size(); ++i) {
+            checked.setBit(i, checked.testBit(i + 1));
+        }
+        checked.resize(items.size());
+        endRemoveRows();
+    }
+
+    void setChecked(int first, int last, bool on)
+    {
+        for (int row = first; row <= last; ++row) {
+            if (checked.testBit(row) != on) {
+                checked.setBit(row, on);
+                checkedCount += on ? 1 : -1;
+            }
+        }
+        Q_EMIT dataChanged(index(first), index(last), {Qt::CheckStateRole});
+    }
+
+    QStringList items;
+    QBitArray checked;
+    int checkedCount = 0;
+    bool checkBoxes = false;
+};
+
+namespace
+{
+
+constexpr qsizetype longestShown = 1000; // characters of an entry
+constexpr int rowSpacing = 4; // pixels between two entries, so that a long list stays readable
+
+/// Gives every entry the width of the longest one, so that the list scrolls far enough without
+/// measuring thousands of texts. The text with the most characters stands for the widest.
+class EntryDelegate : public QStyledItemDelegate
+{
+public:
+    EntryDelegate(const ListBoxModel &model, QObject *parent)
+        : QStyledItemDelegate(parent), m_model(model)
+    {
+    }
+
+    /// As much of a text as anybody reads: shaping megabytes of one line would stop the window.
+    QString displayText(const QVariant &value, const QLocale & /*locale*/) const override
+    {
+        return value.toString().left(longestShown);
+    }
+
+protected:
+    /// Styles draw a check box's frame from the window colour, which is next to invisible on a dark
+    /// list: half way between text and base it can be seen on every palette.
+    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        const QColor text = option->palette.color(QPalette::Text);
+        const QColor base = option->palette.color(QPalette::Base);
+        option->palette.setColor(QPalette::Window, QColor((text.red() + base.red()) / 2,
+                                                          (text.green() + base.green()) / 2,
+                                                          (text.blue() + base.blue()) / 2));
+    }
+
+public:
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        const auto longest = std::max_element(
+            m_model.items.begin(), m_model.items.end(),
+            [](const QString &a, const QString &b) { return a.size() < b.size(); });
+        const QSize size = QStyledItemDelegate::sizeHint(option, index);
+        const int extra =
+            option.fontMetrics.horizontalAdvance(longest->left(longestShown)) -
+            option.fontMetrics.horizontalAdvance(index.data().toString().left(longestShown));
+        return {size.width() + std::max(extra, 0), size.height() + rowSpacing};
+    }
+
+private:
+    const ListBoxModel &m_model;
+};
+
+} // namespace
+
+ListBox::ListBox(QWidget *parent) : QListView(parent), m_model(new ListBoxModel(this))
+{
+    setModel(m_model);
+    setItemDelegate(new EntryDelegate(*m_model, this));
+    setUniformItemSizes(true);
+    setTextElideMode(Qt::ElideNone);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    connect(this, &QListView::clicked, this, [this](const QModelIndex &entry) {
+        setCurrentIndex(entry); // a click on a check mark alone would leave the old one current
+        Q_EMIT entryClicked();
+    });
+    connect(this, &QListView::doubleClicked, this, &ListBox::entryDoubleClicked);
+}
+
+bool ListBox::checkBoxes() const
+{
+    return m_model->checkBoxes;
+}
+
+void ListBox::setCheckBoxes(bool on)
+{
+    m_model->checkBoxes = on;
+}
+
+int ListBox::count() const
+{
+    return m_model->rowCount();
+}
+
+QString ListBox::text(int index) const
+{
+    return m_model->items.value(index);
+}
+
+const QStringList &ListBox::items() const
+{
+    return m_model->items;
+}
+
+void ListBox::setItems(const QStringList &items)
+{
+    QStringList ordered = items;
+    if (m_sorted) {
+        list_order::sort(ordered);
+    }
+    m_model->replace(ordered);
+}
+
+int ListBox::addItem(const QString &item)
+{
+    const qsizetype index = m_sorted ? list_order::position(items(), item) : items().size();
+    m_model->insert(static_cast<int>(index), item);
+    return static_cast<int>(index);
+}
+
+void ListBox::removeItem(int index)
+{
+    m_model->remove(index);
+}
+
+bool ListBox::selected(int index) const
+{
+    return m_model->checked.testBit(index);
+}
+
+void ListBox::setSelected(int index, bool on)
+{
+    m_model->setChecked(index, index, on);
+}
+
+void ListBox::setSelected(int first, int last, bool on)
+{
+    m_model->setChecked(first, last, on);
+}
+
+int ListBox::selectedCount() const
+{
+    return m_model->checkedCount;
+}
+
+int ListBox::listIndex() const
+{
+    return currentIndex().row();
+}
+
+void ListBox::setListIndex(int index)
+{
+    setCurrentIndex(index < 0 ? QModelIndex() : m_model->index(index));
+}
+
+bool ListBox::isHighlighted() const
+{
+    return currentIndex().isValid() && selectionModel()->isSelected(currentIndex());
+}
+
+void ListBox::keyPressEvent(QKeyEvent *event)
+{
+    if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && listIndex() >= 0) {
+        Q_EMIT entryDoubleClicked();
+        return;
+    }
+    const int before = selectedCount();
+    QListView::keyPressEvent(event);
+    if (selectedCount() != before) {
+        Q_EMIT entryTickedByKey();
+    }
+}

@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: MIT
+#include "platform/prefix/descriptor.h"
+
+#include "platform/paths.h"
+
+#include <QFile>
+
+#include <utility>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace files
+{
+
+void throwErrno(int error, ErrorNumber whenMissing)
+{
+    switch (error) {
+    case ENOENT:
+        throw RuntimeError(whenMissing);
+    case ENOTDIR:
+    case ELOOP:
+        throw RuntimeError(ErrorNumber::PathNotFound);
+    case EACCES:
+    case EPERM:
+    case EISDIR:
+        throw RuntimeError(ErrorNumber::PathFileAccess);
+    case EROFS:
+    case EBUSY:
+    case ETXTBSY:
+        throw RuntimeError(ErrorNumber::PermissionDenied);
+    case ENOSPC:
+    case EDQUOT:
+    case EFBIG:
+        throw RuntimeError(ErrorNumber::DiskFull);
+    case ENAMETOOLONG:
+    case EINVAL:
+        throw RuntimeError(ErrorNumber::BadFileName);
+    default:
+        throw RuntimeError(ErrorNumber::DeviceIoError);
+    }
+}
+
+void Descriptor::close()
+{
+    const int descriptor = std::exchange(m_descriptor, -1);
+    if (::close(descriptor) != 0 && errno != EINTR) {
+        throwErrno(errno, ErrorNumber::DeviceIoError);
+    }
+}
+
+void Descriptor::reset(int descriptor)
+{
+    if (m_descriptor >= 0) {
+        ::close(m_descriptor);
+    }
+    m_descriptor = descriptor;
+}
+
+QByteArray hostName(const QString &path)
+{
+    return QFile::encodeName(paths::toHost(path));
+}
+
+int openFolder(const QByteArray &host)
+{
+    const int descriptor = ::open(host.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor < 0) {
+        throwErrno(errno, ErrorNumber::PathNotFound);
+    }
+    return descriptor;
+}
+
+/// Reads on from the `filled` bytes that the buffer holds already, to the end of the file.
+void readRest(int descriptor, qsizetype filled, QByteArray &buffer)
+{
+    for (;;) {
+        const ssize_t count = ::read(descriptor, buffer.data() + filled,
+                                     static_cast<std::size_t>(buffer.size() - filled));
+        if (count < 0 && errno == EINTR) {
+            continue;
+        }
+        if (count < 0) {
+            throwErrno(errno, ErrorNumber::FileNotFound);
+        }
+        filled += count;
+        if (count == 0) {
+            break;
+        }
+        if (filled == buffer.size()) {
+            buffer.resize(buffer.size() * 2);
+        }
+    }
+    buffer.resize(filled);
+}
+
+bool isFolderEntry(const dirent &entry, int parent)
+{
+    if (entry.d_type == DT_DIR) {
+        return true;
+    }
+    if (entry.d_type != DT_LNK && entry.d_type != DT_UNKNOWN) {
+        return false;
+    }
+    struct stat info = {};
+    return ::fstatat(parent, entry.d_name, &info, 0) == 0 && S_ISDIR(info.st_mode);
+}
+
+} // namespace files

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+// What a command line means on a host that is not Windows.
+#pragma once
+
+#include "platform/process.h"
+
+/// A program of the host with its arguments.
+struct HostCommand {
+    QString program;
+    QStringList arguments;
+};
+
+/// Resolves a command line as ProcessStarter::start describes. A Windows executable ("MZ") is run
+/// with wine; any other executable directly, a path handed to it as the host's. Where a program is
+/// missing its substitute serves. Throws File not found (53).
+HostCommand resolveCommand(const QString &commandLine, const QList<Substitute> &substitutes);
