@@ -255,7 +255,7 @@ void AircraftLoaderPage::checkAll(bool on)
 void AircraftLoaderPage::cmdAddAI_Click()
 {
     m_services.errors.run("Backup Error",
-                          [this] { backUp(m_state.AircraftTextDir, m_state.ErrMsg); });
+                          [this](Step &step) { DoBackup(m_state.AircraftTextDir, step); });
     try {
         addChecked();
     } catch (const RuntimeError &error) {
@@ -297,6 +297,7 @@ void AircraftLoaderPage::addChecked()
 
 void AircraftLoaderPage::addAircraft(const QString &speed, const QString &title)
 {
+    m_state.ErrMsg = "Numbering " + title;
     AircraftCount = basic::add16(AircraftCount, 1);
     Number = basic::add16(Number, 1);
     QString text = aircraft_text_file::aircraftLine(Number, speed.mid(1), title) + "\r\n";

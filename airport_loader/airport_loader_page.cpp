@@ -128,13 +128,13 @@ void AirportLoaderPage::addAvailable(const master_airport_list::Listing &listing
 
 void AirportLoaderPage::LoadCountry()
 {
-    m_services.errors.run("Load Country Errors", [this] {
-        m_state.ErrMsg = "Opening OCX";
-        const QByteArray list = master_airport_list::OpenOCX(m_state.ErrMsg);
+    m_services.errors.run("Load Country Errors", [this](Step &step) {
+        step.set("Opening OCX");
+        const QByteArray list = master_airport_list::OpenOCX(step);
         const WaitPointer pointer;
-        m_state.ErrMsg = "Setting Progress Bar";
+        step.set("Setting Progress Bar");
         Q_EMIT countriesLoading(expectedLines);
-        m_state.ErrMsg = "Loop through OCX";
+        step.set("Loop through OCX");
         addAvailable(master_airport_list::countries(list, [this](int number) {
             if (number % linesPerStep == 0) {
                 Q_EMIT countryLineRead(number);
@@ -149,12 +149,12 @@ void AirportLoaderPage::LoadCountry()
 
 void AirportLoaderPage::LoadProvince()
 {
-    m_services.errors.run("Load Province Error", [this] {
+    m_services.errors.run("Load Province Error", [this](Step &step) {
         m_selectedCountry = m_provinceLevel ? m_savedCountry : selectedText(*ui->Tab1List1);
         ui->Tab1List1->clear();
-        m_state.ErrMsg = "Opening OCX";
-        const QByteArray list = master_airport_list::OpenOCX(m_state.ErrMsg);
-        m_state.ErrMsg = "Loading OCX Data";
+        step.set("Opening OCX");
+        const QByteArray list = master_airport_list::OpenOCX(step);
+        step.set("Loading OCX Data");
         addAvailable(master_airport_list::provinces(list, m_selectedCountry));
         if (ui->Tab1List1->count() == 0) {
             m_provinceLevel = false;
@@ -172,11 +172,11 @@ void AirportLoaderPage::LoadProvince()
 void AirportLoaderPage::LoadCity()
 {
     using namespace master_airport_list;
-    m_services.errors.run("Load City Error", [this] {
+    m_services.errors.run("Load City Error", [this](Step &step) {
         ui->Tab1List1->clear();
-        m_state.ErrMsg = "Opening OCX";
-        const QByteArray list = OpenOCX(m_state.ErrMsg);
-        m_state.ErrMsg = "Loading OCX Data";
+        step.set("Opening OCX");
+        const QByteArray list = OpenOCX(step);
+        step.set("Loading OCX Data");
         const AirportItem form =
             ui->Tab1optName->isChecked() ? AirportItem::NameFirst : AirportItem::IcaoFirst;
         addAvailable(m_provinceLevel ? airportsOfProvince(list, m_selectedProvince, form)
@@ -390,8 +390,8 @@ void AirportLoaderPage::Tab1cmdBrowse_Click()
     m_servesSet = false;
     m_state.AirportTextFile = m_services.dialogs.openFile(
         {.filter = "Airport Text Files (*.txt)|airport*.txt|", .startFolder = {}});
-    m_services.errors.run(fileErrorTitle, [this] {
-        m_state.ErrMsg = "Open " + m_state.AirportTextFile;
+    m_services.errors.run(fileErrorTitle, [this](Step &step) {
+        step.set("Open " + m_state.AirportTextFile);
         m_services.log.write("Selecting Airport Text File " + m_state.AirportTextFile);
         if (m_state.AirportTextFile.isEmpty()) {
             showFilePrompt();
@@ -435,7 +435,7 @@ void AirportLoaderPage::Tab1cmdCreateFile_Click()
         return;
     }
     bool written = false;
-    if (!m_services.errors.run(fileErrorTitle, [&] { written = appendChosen(); })) {
+    if (!m_services.errors.run(fileErrorTitle, [&](Step &step) { written = appendChosen(step); })) {
         return; // the choices stand, for another try
     }
     const MessageBox::Answer answer = m_services.dialogs.show(
@@ -461,7 +461,7 @@ void AirportLoaderPage::Tab1cmdCreateFile_Click()
     }
 }
 
-bool AirportLoaderPage::appendChosen()
+bool AirportLoaderPage::appendChosen(Step &step)
 {
     const bool previousShown = !ui->Tab1cmdPrevious->isHidden();
     if (previousShown) {
@@ -481,7 +481,7 @@ bool AirportLoaderPage::appendChosen()
         ui->Tab1cmdReset->show();
     });
     m_services.log.write("Adding Airports to " + m_state.AirportTextFile);
-    m_state.ErrMsg = "Open " + m_state.AirportTextFile;
+    step.set("Open " + m_state.AirportTextFile);
     files::openForAppend(m_state.AirportTextFile);
 
     QList<AirportChoice> choices;
@@ -491,24 +491,24 @@ bool AirportLoaderPage::appendChosen()
             choices += choice;
         }
     }
-    ui->Tab1ListSort->setItems(linesOf(choices));
+    ui->Tab1ListSort->setItems(linesOf(choices, step));
     const QStringList lines = ui->Tab1ListSort->items();
     ui->Tab1ListSort->clear();
     if (!lines.isEmpty()) {
-        m_state.ErrMsg = "Open " + m_state.AirportTextFile;
+        step.set("Open " + m_state.AirportTextFile);
         files::appendLines(m_state.AirportTextFile, code_page::encode(lines.join("\r\n") + "\r\n"));
     }
     m_services.log.write("Finished Adding Airports");
     return !lines.isEmpty();
 }
 
-QStringList AirportLoaderPage::linesOf(const QList<AirportChoice> &choices)
+QStringList AirportLoaderPage::linesOf(const QList<AirportChoice> &choices, Step &step)
 {
     if (choices.isEmpty()) {
         return {};
     }
-    const QByteArray list = master_airport_list::OpenOCX(m_state.ErrMsg);
-    m_state.ErrMsg = "Input Data";
+    const QByteArray list = master_airport_list::OpenOCX(step);
+    step.set("Input Data");
     Repaint repaint;
     QStringList lines;
     for (const ChosenLine &chosen : airport_text_file::chosenLines(list, choices)) {
@@ -543,14 +543,14 @@ void AirportLoaderPage::Tab1cmdEdit_Click()
     if (answer != MessageBox::Answer::Yes) {
         return;
     }
-    m_services.errors.run(fileErrorTitle, [this] {
-        m_state.ErrMsg = "Edit " + m_state.AirportTextFile;
+    m_services.errors.run(fileErrorTitle, [this](Step &step) {
+        step.set("Edit " + m_state.AirportTextFile);
         m_services.log.write("Edit Aircraft Listing Edit " + m_state.AirportTextFile);
         m_services.shell.Shellandwait("NOTEPAD.EXE " + m_state.AirportTextFile, 0, 1);
         if (m_state.ended) {
             return;
         }
-        m_state.ErrMsg = "Open " + m_state.AirportTextFile;
+        step.set("Open " + m_state.AirportTextFile);
         const WaitPointer pointer;
         readTextFile();
         m_existingCount = ui->Tab1List2->count();

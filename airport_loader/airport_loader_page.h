@@ -85,8 +85,8 @@ private:
     /// How many hidden entries are older than the visible list: they stand before its own.
     int hiddenOffset() const;
     /// Appends the airports of all new choices. Returns whether any line was written.
-    bool appendChosen();
-    QStringList linesOf(const QList<AirportChoice> &choices);
+    bool appendChosen(Step &step);
+    QStringList linesOf(const QList<AirportChoice> &choices, Step &step);
     QString selectedText(const ListBox &list) const;
 
     Services &m_services;

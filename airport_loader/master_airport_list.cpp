@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "airport_loader/master_airport_list.h"
 
+#include "app/services/step.h"
 #include "platform/code_page.h"
 #include "platform/files.h"
 #include "platform/line_reader.h"
@@ -70,10 +71,10 @@ QString directoryIn(const QString &buffer)
     return QString(buffer).remove(QChar(u'\0'));
 }
 
-QByteArray OpenOCX(QString &ErrMsg)
+QByteArray OpenOCX(Step &step)
 {
     const QString path = directoryIn(paths::systemDirectory()) + "\\ZENTAM.OCX";
-    ErrMsg = "Loading " + path;
+    step.set("Loading " + path);
     return files::readAll(path);
 }
 

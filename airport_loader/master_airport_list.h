@@ -11,6 +11,8 @@
 #include <functional>
 #include <optional>
 
+class Step;
+
 /// One line of the list, taken apart.
 struct AirportRecord {
     QByteArrayView country;
@@ -31,9 +33,9 @@ namespace master_airport_list
 /// stand.
 QString directoryIn(const QString &buffer);
 
-/// The whole list, "ZENTAM.OCX" in the Windows system directory. `ErrMsg` is set to the step.
-/// Throws File not found (53), Path not found (76), Path/File access error (75).
-QByteArray OpenOCX(QString &ErrMsg);
+/// The whole list, "ZENTAM.OCX" in the Windows system directory. Throws File not found (53), Path
+/// not found (76), Path/File access error (75).
+QByteArray OpenOCX(Step &step);
 
 /// What one reading of the list gave. A line that cannot be split ends it; what came before stays.
 struct Listing {

@@ -298,8 +298,8 @@ void frmMorlenEditor::selectPage(const QString &lastTab)
 
 void frmMorlenEditor::CheckRegistry()
 {
-    m_services.errors.run("Check Registry Errors", [this] {
-        suite_registry::CheckRegistry(m_services.registry, m_services.state, windowTitle());
+    m_services.errors.run("Check Registry Errors", [this](Step &step) {
+        suite_registry::CheckRegistry(m_services.registry, m_services.state, windowTitle(), step);
         ui->lblPellara->setVisible(!m_services.state.PellaraPath.isEmpty());
         m_configEditor->offerVarlo(!m_services.state.VarloPath.isEmpty());
     });
@@ -475,7 +475,8 @@ void frmMorlenEditor::Form_MouseMove()
 
 void frmMorlenEditor::openHelp(const QString &relativePath)
 {
-    m_services.errors.run("Help Error", [&] { m_services.shell.openDocument(relativePath); });
+    m_services.errors.run("Help Error",
+                          [&](Step &step) { m_services.shell.openDocument(relativePath, step); });
 }
 
 void frmMorlenEditor::lblAbout_Click()

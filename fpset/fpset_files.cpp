@@ -2,6 +2,7 @@
 #include "fpset/fpset_files.h"
 
 #include "app/services/backup.h"
+#include "app/services/step.h"
 #include "platform/files.h"
 #include "platform/runtime_error.h"
 
@@ -11,13 +12,11 @@ namespace fpset_files
 namespace
 {
 
-/// Backs a file up when there is one; the step under way stays the caller's.
-void keepContent(const QString &path, QString &ErrMsg)
+/// Backs a file up when there is one.
+void keepContent(const QString &path, Step &step)
 {
     if (files::exists(path)) {
-        const QString step = ErrMsg;
-        backUp(path, ErrMsg);
-        ErrMsg = step;
+        DoBackup(path, step);
     }
 }
 
@@ -28,13 +27,13 @@ void ensureExists(const QString &path)
     files::openForAppend(path);
 }
 
-void createEmpty(const QString &path, QString &ErrMsg)
+void createEmpty(const QString &path, Step &step)
 {
-    keepContent(path, ErrMsg);
+    keepContent(path, step);
     files::writeAll(path, {});
 }
 
-void copy(const QString &source, const QString &target, QString &ErrMsg)
+void copy(const QString &source, const QString &target, Step &step)
 {
     if (source.isEmpty()) {
         throw RuntimeError(ErrorNumber::BadFileName);
@@ -47,17 +46,17 @@ void copy(const QString &source, const QString &target, QString &ErrMsg)
     if (files::exists(target) && files::readAll(target) == bytes) {
         return;
     }
-    keepContent(target, ErrMsg);
+    keepContent(target, step);
     files::writeAll(target, bytes);
 }
 
-bool discard(const QString &path, QString &ErrMsg)
+bool discard(const QString &path, Step &step)
 {
     if (!files::exists(path) || files::isFolder(path)) {
         return false;
     }
     if (!files::moveToTrash(path)) {
-        keepContent(path, ErrMsg);
+        keepContent(path, step);
         files::remove(path);
     }
     return true;

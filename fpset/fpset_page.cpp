@@ -124,17 +124,13 @@ void FpSetPage::continueWithSet()
 
 void FpSetPage::trace(const QString &text)
 {
-    // A log that cannot be written is reported, but no set is left half way for it.
-    m_services.errors.run("Trace Log Error", [&] {
-        m_state.ErrMsg = "Opening " + m_services.log.path();
-        m_services.log.write(text);
-    });
+    m_services.log.write(text);
 }
 
-void FpSetPage::beginStep(const QString &text)
+void FpSetPage::beginStep(const QString &text, Step &step)
 {
     trace(text);
-    m_state.ErrMsg = text;
+    step.set(text);
 }
 
 void FpSetPage::showNotice(const QString &prompt)
@@ -333,7 +329,7 @@ void FpSetPage::tab2optCopyExistingAircraft_Click()
 
 void FpSetPage::tab2cmdAircraft_Click()
 {
-    m_services.errors.run(errorTitle, [this] {
+    m_services.errors.run(errorTitle, [this](Step &step) {
         if (ui->tab2optCopyExistingAircraft->isChecked()) {
             const QString source =
                 m_services.dialogs.openFile({.filter = "Aircraft Text Files (*.txt)|aircraft*.txt|",
@@ -345,16 +341,16 @@ void FpSetPage::tab2cmdAircraft_Click()
                 trace("Aircraft Text File = " + source);
             }
         } else {
-            askForAircraft();
+            askForAircraft(step);
         }
         enterCreationStep();
     });
 }
 
-void FpSetPage::askForAircraft()
+void FpSetPage::askForAircraft(Step &step)
 {
     m_newAircraft = true;
-    beginStep("Creating  " + m_set.aircraftPath);
+    beginStep("Creating  " + m_set.aircraftPath, step);
     fpset_files::ensureExists(m_set.aircraftPath);
     m_state.newAircraftSetOpen = true;
     m_state.reLoadNewPlan = true;
@@ -374,7 +370,7 @@ void FpSetPage::enterCreationStep()
 
 void FpSetPage::tab2cmdCreateNewFP_Click()
 {
-    if (!m_services.errors.run(errorTitle, [this] { createFiles(); })) {
+    if (!m_services.errors.run(errorTitle, [this](Step &step) { createFiles(step); })) {
         return; // what was created stays, and the step too, for another try
     }
     if (m_state.AircraftTextDir.compare(m_set.aircraftPath, Qt::CaseInsensitive) != 0) {
@@ -388,26 +384,26 @@ void FpSetPage::tab2cmdCreateNewFP_Click()
     ui->tab2cmdCancel->click();
 }
 
-void FpSetPage::createFiles()
+void FpSetPage::createFiles(Step &step)
 {
     trace("Creating New FlightPlan Set");
     if (ui->tab2optCopyFile->isChecked()) {
         const QString source = ui->tab2txtAirport->text();
-        beginStep("Copy " + source + " to " + m_set.airportPath);
-        fpset_files::copy(source, m_set.airportPath, m_state.ErrMsg);
+        beginStep("Copy " + source + " to " + m_set.airportPath, step);
+        fpset_files::copy(source, m_set.airportPath, step);
     }
     if (ui->tab2optCopyExistingAircraft->isChecked()) {
         const QString source = ui->tab2txtAircraft->text();
-        beginStep("Copy " + source + " to " + m_set.aircraftPath);
-        fpset_files::copy(source, m_set.aircraftPath, m_state.ErrMsg);
+        beginStep("Copy " + source + " to " + m_set.aircraftPath, step);
+        fpset_files::copy(source, m_set.aircraftPath, step);
         m_state.AddAircraftFlag = true;
     }
     if (!m_state.AddAircraftFlag) {
-        beginStep("Creating Aircraft File " + m_set.aircraftPath);
-        fpset_files::createEmpty(m_set.aircraftPath, m_state.ErrMsg);
+        beginStep("Creating Aircraft File " + m_set.aircraftPath, step);
+        fpset_files::createEmpty(m_set.aircraftPath, step);
     }
-    beginStep("Creating FlightPlan File " + m_set.flightPlanPath);
-    fpset_files::createEmpty(m_set.flightPlanPath, m_state.ErrMsg);
+    beginStep("Creating FlightPlan File " + m_set.flightPlanPath, step);
+    fpset_files::createEmpty(m_set.flightPlanPath, step);
 }
 
 void FpSetPage::leaveCreationStep()
@@ -453,9 +449,9 @@ void FpSetPage::tab2cmdCancel_Click()
 void FpSetPage::discardFilesOfSet()
 {
     const auto discard = [this](const QString &path) {
-        m_services.errors.run("Delete File Error", [&] {
-            m_state.ErrMsg = "Delete " + path;
-            if (fpset_files::discard(path, m_state.ErrMsg)) {
+        m_services.errors.run("Delete File Error", [&](Step &step) {
+            step.set("Delete " + path);
+            if (fpset_files::discard(path, step)) {
                 Q_EMIT fileDiscarded(path);
             }
         });

@@ -85,9 +85,9 @@ private:
     void enterAirportStep();
     void askForAirports();
     void enterAircraftStep(const QString &airportSource);
-    void askForAircraft();
+    void askForAircraft(Step &step);
     void enterCreationStep();
-    void createFiles();
+    void createFiles(Step &step);
     void leaveCreationStep();
     void discardFilesOfSet();
     void resetSteps();
@@ -95,7 +95,7 @@ private:
     void focusNameEnd();
     void trace(const QString &text);
     /// Names the step for the log and for error reports alike.
-    void beginStep(const QString &text);
+    void beginStep(const QString &text, Step &step);
     void showNotice(const QString &prompt);
 
     Services &m_services;

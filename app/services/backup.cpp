@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/services/backup.h"
 
+#include "app/services/step.h"
 #include "platform/files.h"
 
 namespace
@@ -15,9 +16,9 @@ QString generation(const QString &path, int number)
 }
 
 /// Whether a generation is there. Looking creates the file, which is then deleted again.
-bool isPresent(const QString &candidate, QString &ErrMsg)
+bool isPresent(const QString &candidate, Step &step)
 {
-    ErrMsg = "Open " + candidate;
+    step.set("Open " + candidate);
     if (files::openForAppend(candidate) > longestAbsent) {
         return true;
     }
@@ -27,19 +28,19 @@ bool isPresent(const QString &candidate, QString &ErrMsg)
 
 } // namespace
 
-void backUp(const QString &path, QString &ErrMsg)
+void DoBackup(const QString &path, Step &step)
 {
-    ErrMsg = "Open " + path;
+    Step own(step);
+    own.set("Open " + path);
     if (files::length(path) == 0) {
         return;
     }
     int present = 0;
     for (int number = 1; number <= generationsExamined; ++number) {
-        present += isPresent(generation(path, number), ErrMsg) ? 1 : 0;
+        present += isPresent(generation(path, number), own) ? 1 : 0;
     }
-    if (present == 0) {
-        ErrMsg = "File Copy Backup";
-    } else {
+    own.set("File Copy Backup");
+    if (present > 0) {
         files::copy(generation(path, 1), generation(path, 2));
         files::remove(generation(path, 1));
     }

@@ -2,8 +2,9 @@
 // Two generations of copies, kept beside a file before it is changed.
 #pragma once
 
-#include <QString>
+class QString;
+class Step;
 
 /// Copies a file to ".Backup1" beside it; an earlier copy moves to ".Backup2". An empty file is not
-/// copied. `ErrMsg` is set to the step under way. Throws RuntimeError.
-void backUp(const QString &path, QString &ErrMsg);
+/// copied. Throws RuntimeError.
+void DoBackup(const QString &path, Step &step);

@@ -1,11 +1,27 @@
 // SPDX-License-Identifier: MIT
 #include "app/services/error_report.h"
 
+#include "app/services/form_state.h"
+#include "app/services/trace_log.h"
 #include "platform/basic.h"
+#include "platform/dialogs.h"
 
 QString ErrorReport::describe(const RuntimeError &error)
 {
     return "Error " + basic::str(error.number()) + ' ' + error.description();
+}
+
+bool ErrorReport::runSteps(const QString &title, const std::function<void(Step &)> &body)
+{
+    const Step handler(m_state);
+    try {
+        Step step(m_state);
+        body(step);
+        return true;
+    } catch (const RuntimeError &error) {
+        show(title, error);
+        return false;
+    }
 }
 
 void ErrorReport::show(const QString &title, const RuntimeError &error)
@@ -17,11 +33,6 @@ void ErrorReport::show(const QString &title, const RuntimeError &error)
 
 void ErrorReport::log(const RuntimeError &error)
 {
-    try {
-        // A step's own line break would make two entries of one.
-        m_log.write(describe(error) + " - " + QString(m_state.ErrMsg).replace('\r', ' '));
-    } catch (const RuntimeError &) {
-        // The log is what cannot be written: the box that follows is the only report left.
-        m_state.TraceMsg.clear();
-    }
+    // A step's own line break would make two entries of one.
+    m_log.write(describe(error) + " - " + QString(m_state.ErrMsg).replace('\r', ' '));
 }

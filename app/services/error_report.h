@@ -2,9 +2,14 @@
 // What the user reads when a step fails.
 #pragma once
 
-#include "app/services/trace_log.h"
-#include "platform/dialogs.h"
+#include "app/services/step.h"
 #include "platform/runtime_error.h"
+
+#include <functional>
+#include <type_traits>
+
+class Dialogs;
+class TraceLog;
 
 class ErrorReport
 {
@@ -14,18 +19,19 @@ public:
     {
     }
 
-    /// Runs the body of a handler. A failure in it is shown under `title` (see show) and logged.
-    /// Returns whether the body ran to its end.
+    /// Runs the body of a handler, which may name its steps: a body is called with a Step, or with
+    /// nothing. A failure in it is shown under `title` (see show) and logged. Returns whether the
+    /// body ran to its end.
     template <typename Body>
     bool run(const QString &title, Body body)
     {
-        try {
-            body();
-            return true;
-        } catch (const RuntimeError &error) {
-            show(title, error);
-            return false;
-        }
+        return runSteps(title, [&](Step &step) {
+            if constexpr (std::is_invocable_v<Body, Step &>) {
+                body(step);
+            } else {
+                body();
+            }
+        });
     }
 
     /// "Error  53 File not found", a line break and ErrMsg, under an exclamation icon.
@@ -38,6 +44,8 @@ public:
     static QString describe(const RuntimeError &error);
 
 private:
+    bool runSteps(const QString &title, const std::function<void(Step &)> &body);
+
     FormState &m_state;
     TraceLog &m_log;
     Dialogs &m_dialogs;

@@ -3,7 +3,13 @@
 #pragma once
 
 #include "app/services/aircraft_folders.h"
+#include "app/services/error_report.h"
+#include "app/services/form_state.h"
 #include "app/services/shell.h"
+#include "app/services/trace_log.h"
+#include "platform/clock.h"
+#include "platform/dialogs.h"
+#include "platform/process.h"
 #include "platform/registry.h"
 
 /// The doors to the outside world, which a test replaces.
@@ -21,7 +27,7 @@ struct Services {
           processes(outside.processes),
           dialogs(outside.dialogs),
           clock(outside.clock),
-          log(state, clock),
+          log(state, clock, dialogs),
           errors(state, log, dialogs),
           shell(state, errors, dialogs, outside.processes, clock)
     {

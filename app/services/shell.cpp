@@ -1,8 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "app/services/shell.h"
 
+#include "app/services/error_report.h"
+#include "app/services/form_state.h"
+#include "platform/clock.h"
+#include "platform/dialogs.h"
 #include "platform/files.h"
 #include "platform/paths.h"
+#include "platform/process.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>
@@ -142,9 +147,9 @@ bool Shell::CheckFileExists(const QString &filePath)
     }
 }
 
-void Shell::openDocument(const QString &relativePath)
+void Shell::openDocument(const QString &relativePath, Step &step)
 {
-    m_state.ErrMsg = "Opening " + m_state.MorlenEDir + relativePath;
+    step.set("Opening " + m_state.MorlenEDir + relativePath);
     paths::setCurrentDirectory(m_state.MorlenEDir);
     m_processes.openDocument(m_state.MorlenEDir + relativePath);
 }

@@ -2,9 +2,15 @@
 // Running other programs, and finding them.
 #pragma once
 
-#include "app/services/error_report.h"
-#include "platform/clock.h"
-#include "platform/process.h"
+#include <QString>
+
+class Clock;
+class Dialogs;
+class ErrorReport;
+class Process;
+class ProcessStarter;
+class Step;
+struct FormState;
 
 /// The folder of the compiler's path, ending in a backslash. A compiler of another name than
 /// "TTools.exe" gives a folder cut at the wrong place; so it has always been.
@@ -40,7 +46,7 @@ public:
 
     /// Opens a document of the program folder, which becomes the current directory.
     /// Throws RuntimeError.
-    void openDocument(const QString &relativePath);
+    void openDocument(const QString &relativePath, Step &step);
 
 private:
     void waitFor(Process &process, int TimeOutValue, int start) const;

@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "app/services/suite_registry.h"
 
+#include "app/services/form_state.h"
+#include "app/services/step.h"
 #include "platform/blind_to_case.h"
 #include "platform/paths.h"
+#include "platform/process.h"
+#include "platform/registry.h"
 
 namespace suite_registry
 {
@@ -27,24 +31,24 @@ void writeUserText(Registry &registry, const QString &key, const QString &name, 
 
 } // namespace
 
-void CheckRegistry(Registry &registry, FormState &state, const QString &caption)
+void CheckRegistry(Registry &registry, FormState &state, const QString &caption, Step &step)
 {
-    state.ErrMsg = "Check for MorlenE exe_Path";
+    step.set("Check for MorlenE exe_Path");
     state.RegValue = userText(registry, suite + "Path", "Exe_Path");
     if (state.RegValue.isEmpty()) {
-        state.ErrMsg = "Create MorlenE Keys";
+        step.set("Create MorlenE Keys");
         writeUserText(registry, suite + "Path", "Exe_Path", state.MorlenEDir + "MorlenEditor.exe");
         writeUserText(registry, suite + "Caption", "Caption", caption);
     } else {
-        state.ErrMsg = "Check for MorlenE Caption";
+        step.set("Check for MorlenE Caption");
         if (userText(registry, suite + "Caption", "Caption") != caption) {
             writeUserText(registry, suite + "Caption", "Caption", caption);
         }
     }
-    state.ErrMsg = "Check for Pellara Exe_Path";
+    step.set("Check for Pellara Exe_Path");
     state.PellaraPath = userText(registry, pellara + "Path", "Exe_Path");
     state.VarloPath = userText(registry, varlo + "Path", "Exe_Path");
-    state.ErrMsg = "Check for Pellara Caption";
+    step.set("Check for Pellara Caption");
     state.PellaraCaption = userText(registry, pellara + "Caption", "Caption");
 }
 

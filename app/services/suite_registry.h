@@ -2,17 +2,19 @@
 // The entries by which the programs of the suite find each other, and starting a companion.
 #pragma once
 
-#include "app/services/form_state.h"
-#include "platform/process.h"
-#include "platform/registry.h"
+class ProcessStarter;
+class QString;
+class Registry;
+class Step;
+struct FormState;
 
 namespace suite_registry
 {
 
 /// Records where this program lives, unless that is recorded already, and what its window is
-/// called; looks the companion programs up. `ErrMsg` is set to the step. Throws RuntimeError when
-/// the registry cannot be written.
-void CheckRegistry(Registry &registry, FormState &state, const QString &caption);
+/// called; looks the companion programs up. Throws RuntimeError when the registry cannot be
+/// written.
+void CheckRegistry(Registry &registry, FormState &state, const QString &caption, Step &step);
 
 /// The folder in a registered path: up to the program's name, found by its lower-case form
 /// ("\\pellara.exe"); a path without it is the folder itself.

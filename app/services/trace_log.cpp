@@ -1,10 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "app/services/trace_log.h"
 
+#include "app/services/error_report.h"
+#include "app/services/form_state.h"
 #include "platform/basic.h"
+#include "platform/clock.h"
 #include "platform/code_page.h"
+#include "platform/dialogs.h"
 #include "platform/files.h"
 
+#include <QLocale>
 #include <QRegularExpression>
 
 QString TraceLog::path() const
@@ -41,7 +46,15 @@ void TraceLog::append(const QString &line) const
 void TraceLog::write(const QString &text)
 {
     m_state.TraceMsg = text;
-    WriteToLog();
+    try {
+        WriteToLog();
+    } catch (const RuntimeError &error) {
+        m_state.TraceOn = false;
+        Q_EMIT switchedOff();
+        m_dialogs.show({.prompt = ErrorReport::describe(error) + "\rOpening " + path(),
+                        .title = "Trace Log Error",
+                        .icon = MessageBox::Icon::Exclamation});
+    }
 }
 
 void TraceLog::reset()

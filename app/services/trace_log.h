@@ -2,15 +2,23 @@
 // The trace log: what the program does, one line at a time, while the user wants it.
 #pragma once
 
-#include "app/services/form_state.h"
-#include "platform/clock.h"
+#include <QObject>
+#include <QString>
 
-#include <QLocale>
+class Clock;
+class Dialogs;
+class QLocale;
+struct FormState;
 
-class TraceLog
+class TraceLog : public QObject
 {
+    Q_OBJECT
+
 public:
-    TraceLog(FormState &state, const Clock &clock) : m_state(state), m_clock(clock) {}
+    TraceLog(FormState &state, const Clock &clock, Dialogs &dialogs)
+        : m_state(state), m_clock(clock), m_dialogs(dialogs)
+    {
+    }
 
     /// "TraceLog.txt" in the program folder.
     QString path() const;
@@ -19,14 +27,15 @@ public:
     /// Throws RuntimeError.
     void WriteToLog();
 
-    /// Sets TraceMsg and writes it.
+    /// Sets TraceMsg and writes it: the way everybody logs. A log that cannot be written is told
+    /// once, and no longer traced; what was under way goes on.
     void write(const QString &text);
 
     /// Makes sure there is no log and tracing is off: every run begins so. Throws RuntimeError.
     void reset();
 
-    /// Turns tracing on, with a banner, or off, which leaves only the closing banner.
-    /// Throws RuntimeError.
+    /// Turns tracing on, with a banner, or off, which leaves only the closing banner and throws
+    /// RuntimeError when that cannot be written.
     void setTracing(bool on);
 
     /// 80 "=".
@@ -41,10 +50,14 @@ public:
     /// A locale's long time format without the time zone.
     static QString timeFormat(const QLocale &locale);
 
+Q_SIGNALS:
+    void switchedOff(); ///< the log could not be written
+
 private:
     void append(const QString &line) const;
     QString dateAndTime() const;
 
     FormState &m_state;
     const Clock &m_clock;
+    Dialogs &m_dialogs;
 };

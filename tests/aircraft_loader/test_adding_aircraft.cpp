@@ -421,7 +421,7 @@ void TestAddingAircraft::numberBeyond32767IsReported()
     AddingPage user("AC#32766,120,\"Not installed\"\r\n");
     user.add({0, 1});
     QCOMPARE(user.messages(),
-             QStringList{"Critical, Add AI Error: " + appendStep + "\rError  6 Overflow"});
+             QStringList{"Critical, Add AI Error: Numbering Bravo\rError  6 Overflow"});
     QCOMPARE(user.textFileBytes(),
              "AC#32766,120,\"Not installed\"\r\n" + comment + "AC#32767,477,\"Alpha\"\r\n");
 }
@@ -432,7 +432,7 @@ void TestAddingAircraft::countBeyond32767IsReported()
     AddingPage user(before);
     user.add({0});
     QCOMPARE(user.messages(),
-             QStringList{"Critical, Add AI Error: File Copy Backup\rError  6 Overflow"});
+             QStringList{"Critical, Add AI Error: Numbering Alpha\rError  6 Overflow"});
     QCOMPARE(user.textFileBytes(), before);
 }
 
@@ -477,7 +477,7 @@ void TestAddingAircraft::failureIsTraced()
     user.services.state.TraceOn = true;
     user.add({0});
     QCOMPARE(user.sandbox.read("C:\\Morlen\\TraceLog.txt"),
-             QByteArray("14:03:27 - Error  6 Overflow - File Copy Backup\r\n"));
+             QByteArray("14:03:27 - Error  6 Overflow - Numbering Alpha\r\n"));
 }
 
 QTEST_MAIN(TestAddingAircraft)

@@ -180,7 +180,6 @@ void TestAircraftLoaderPage::loadListFillsTheThreeLists()
     QCOMPARE(user.foldersWithData(),
              (QStringList{"C:\\FS9\\Aircraft\\A320", "C:\\FS9\\Aircraft\\B734"}));
     QCOMPARE(user.messages(), QStringList());
-    QCOMPARE(user.services.state.ErrMsg, QString("Find Available AI"));
     QCOMPARE(user.find<ListBox>("Tab0List2")->listIndex(), -1);
     QCOMPARE(user.find<ListBox>("Tab0List3")->listIndex(), -1);
     QVERIFY(!user.isEnabled("cmdAddAI"));

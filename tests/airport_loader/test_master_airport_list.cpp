@@ -5,6 +5,7 @@
 #include "tests/support/airport_list.h"
 #include "tests/support/failure.h"
 #include "tests/support/sandbox.h"
+#include "tests/support/steps.h"
 
 #include <QDir>
 #include <QFile>
@@ -165,45 +166,45 @@ void TestMasterAirportList::listIsReadFromTheSystemDirectory()
     const Sandbox sandbox;
     const QByteArray bytes = QByteArrayLiteral("a|b|c|d|e|f\r\n\0\xFF\n\x1Ag|h");
     sandbox.write(listPath, bytes);
-    QString step;
-    QCOMPARE(master_airport_list::OpenOCX(step), bytes);
-    QCOMPARE(step, "Loading " + listPath);
+    Steps steps;
+    QCOMPARE(master_airport_list::OpenOCX(steps.step), bytes);
+    QCOMPARE(steps.state.ErrMsg, "Loading " + listPath);
 }
 
 void TestMasterAirportList::listIsReadAnewEachTime()
 {
     const Sandbox sandbox;
-    QString step;
+    Steps steps;
     sandbox.write(listPath, "");
-    QCOMPARE(master_airport_list::OpenOCX(step), "");
+    QCOMPARE(master_airport_list::OpenOCX(steps.step), "");
     sandbox.write(listPath, smallAirportList);
-    QCOMPARE(master_airport_list::OpenOCX(step), smallAirportList);
+    QCOMPARE(master_airport_list::OpenOCX(steps.step), smallAirportList);
 }
 
 void TestMasterAirportList::missingListFailsInTheStepThatNamesItsPath()
 {
     const Sandbox sandbox;
-    QString step = "Opening OCX";
-    QCOMPARE(failureOf([&] { master_airport_list::OpenOCX(step); }), "53 File not found");
-    QCOMPARE(step, "Loading " + listPath);
+    Steps steps;
+    QCOMPARE(steps.failureOf(master_airport_list::OpenOCX),
+             "53 File not found: Loading " + listPath);
 }
 
 void TestMasterAirportList::missingSystemDirectoryIsPathNotFound()
 {
     const Sandbox sandbox;
     QVERIFY(QDir().rmdir(sandbox.host("C:\\windows\\system32")));
-    QString step;
-    QCOMPARE(failureOf([&] { master_airport_list::OpenOCX(step); }), "76 Path not found");
-    QCOMPARE(step, "Loading " + listPath);
+    Steps steps;
+    QCOMPARE(steps.failureOf(master_airport_list::OpenOCX),
+             "76 Path not found: Loading " + listPath);
 }
 
 void TestMasterAirportList::listThatIsAFolderIsRefused()
 {
     const Sandbox sandbox;
     sandbox.makeFolder(listPath);
-    QString step;
-    QCOMPARE(failureOf([&] { master_airport_list::OpenOCX(step); }), "75 Path/File access error");
-    QCOMPARE(step, "Loading " + listPath);
+    Steps steps;
+    QCOMPARE(steps.failureOf(master_airport_list::OpenOCX),
+             "75 Path/File access error: Loading " + listPath);
 }
 
 void TestMasterAirportList::listThatMayNotBeReadIsRefused()
@@ -212,8 +213,9 @@ void TestMasterAirportList::listThatMayNotBeReadIsRefused()
     sandbox.write(listPath, smallAirportList);
     QVERIFY(QFile::setPermissions(sandbox.host(listPath), QFile::WriteOwner));
     const OrdinaryUser user(sandbox);
-    QString step;
-    QCOMPARE(failureOf([&] { master_airport_list::OpenOCX(step); }), "75 Path/File access error");
+    Steps steps;
+    QCOMPARE(steps.failureOf(master_airport_list::OpenOCX),
+             "75 Path/File access error: Loading " + listPath);
 }
 
 void TestMasterAirportList::countriesAreListedOnceForLinesThatStandTogether()

@@ -278,7 +278,6 @@ void TestConfigEditorPage::loadingIsTraced()
     editor.start();
     QCOMPARE(editor.traced(), (QStringList{"Editor Path is C:\\FS9\\Aircraft",
                                            "Adding Aircraft b58", "Adding Aircraft c172"}));
-    QCOMPARE(editor.services.state.ErrMsg, QString("Adding Horizontal Scroll to Tab3List3"));
 }
 
 void TestConfigEditorPage::driveLeadsTheFolderPicker()

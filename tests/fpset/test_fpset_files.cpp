@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 // Creating, copying and deleting the files of a set: clear errors, and nothing lost.
 #include "fpset/fpset_files.h"
+
 #include "platform/files.h"
 #include "tests/support/failure.h"
 #include "tests/support/file_size_limit.h"
 #include "tests/support/sandbox.h"
+#include "tests/support/steps.h"
 
 #include <QDir>
 #include <QFile>
@@ -20,6 +22,7 @@ const QString source = QStringLiteral("C:\\TTools\\Airports_Old.txt");
 struct Desk {
     Desk() : m_dataHome(qgetenv("XDG_DATA_HOME"))
     {
+        step.set("The step");
         sandbox.makeFolder("C:\\TTools");
         sandbox.makeFolder("C:\\share");
         useTrashIn(sandbox.host("C:\\share"));
@@ -47,16 +50,17 @@ struct Desk {
 
     QString copy(const QString &from = source, const QString &to = target)
     {
-        return failureOf([&] { fpset_files::copy(from, to, ErrMsg); });
+        return failureOf([&] { fpset_files::copy(from, to, step); });
     }
 
     QString createEmpty()
     {
-        return failureOf([&] { fpset_files::createEmpty(target, ErrMsg); });
+        return failureOf([&] { fpset_files::createEmpty(target, step); });
     }
 
     Sandbox sandbox;
-    QString ErrMsg = "The step";
+    Steps steps;
+    Step &step = steps.step;
 
 private:
     QByteArray m_dataHome;
@@ -127,7 +131,7 @@ void TestFpSetFiles::emptiedFileIsBackedUpFirst()
     QCOMPARE(desk.createEmpty(), QString());
     QCOMPARE(desk.sandbox.read(target), QByteArray());
     QCOMPARE(desk.sandbox.read(target + ".Backup1"), QByteArray("what was there"));
-    QCOMPARE(desk.ErrMsg, QString("The step"));
+    QCOMPARE(desk.steps.state.ErrMsg, QString("The step"));
 }
 
 void TestFpSetFiles::emptiedTwiceKeepsTwoGenerations()
@@ -171,7 +175,7 @@ void TestFpSetFiles::overwrittenFileIsBackedUpFirst()
     QCOMPARE(desk.copy(), QString());
     QCOMPARE(desk.sandbox.read(target), QByteArray("new"));
     QCOMPARE(desk.sandbox.read(target + ".Backup1"), QByteArray("the user's airports"));
-    QCOMPARE(desk.ErrMsg, QString("The step"));
+    QCOMPARE(desk.steps.state.ErrMsg, QString("The step"));
 }
 
 void TestFpSetFiles::copyingTheSameAgainKeepsTheBackups()
@@ -257,7 +261,7 @@ void TestFpSetFiles::nameWindowsRefusesIsAnError()
     for (const QString name : {"Aircraft_a?b.txt", "Aircraft_a*b.txt", "Aircraft_<b>.txt",
                                "Aircraft_\"b\".txt", "Aircraft_a|b.txt", "Aircraft_a:b.txt"}) {
         const QString failure =
-            failureOf([&] { fpset_files::createEmpty("C:\\TTools\\" + name, desk.ErrMsg); });
+            failureOf([&] { fpset_files::createEmpty("C:\\TTools\\" + name, desk.step); });
         QCOMPARE(failure, QString("52 Bad file name or number"));
     }
     QCOMPARE(desk.files(), QStringList());
@@ -269,7 +273,7 @@ void TestFpSetFiles::nameOf300CharactersIsAnError()
     const QString path = "C:\\TTools\\Aircraft_" + QString(287, 'x') + ".txt";
     QCOMPARE(failureOf([&] { fpset_files::ensureExists(path); }),
              QString("52 Bad file name or number"));
-    QCOMPARE(failureOf([&] { fpset_files::createEmpty(path, desk.ErrMsg); }),
+    QCOMPARE(failureOf([&] { fpset_files::createEmpty(path, desk.step); }),
              QString("52 Bad file name or number"));
 }
 
@@ -277,7 +281,7 @@ void TestFpSetFiles::accentedNameIsCreated()
 {
     Desk desk;
     const QString path = QString::fromUtf8("C:\\TTools\\Aircraft_\u00C9t\u00E9.txt");
-    fpset_files::createEmpty(path, desk.ErrMsg);
+    fpset_files::createEmpty(path, desk.step);
     QVERIFY(desk.sandbox.exists(path));
 }
 
@@ -290,7 +294,7 @@ void TestFpSetFiles::readOnlyDirectoryIsAnErrorAndNothingIsLost()
     QFile::setPermissions(desk.sandbox.host("C:\\TTools"), QFile::ReadOwner | QFile::ExeOwner);
     QCOMPARE(desk.copy(), QString("75 Path/File access error"));
     QCOMPARE(desk.createEmpty(), QString("75 Path/File access error"));
-    QCOMPARE(failureOf([&] { fpset_files::discard(target, desk.ErrMsg); }),
+    QCOMPARE(failureOf([&] { fpset_files::discard(target, desk.step); }),
              QString("75 Path/File access error"));
     QCOMPARE(failureOf([] { fpset_files::ensureExists("C:\\TTools\\Aircraft_Alpha.txt"); }),
              QString("75 Path/File access error"));
@@ -332,7 +336,7 @@ void TestFpSetFiles::discardedFileGoesToTheTrash()
 {
     Desk desk;
     desk.sandbox.write(target, "airports of a set given up");
-    QVERIFY(fpset_files::discard(target, desk.ErrMsg));
+    QVERIFY(fpset_files::discard(target, desk.step));
     QCOMPARE(desk.files(), QStringList());
     QCOMPARE(desk.trashed(), (QStringList{"Airports_Alpha.txt"}));
     QFile trashed(desk.sandbox.host("C:\\share") + "/Trash/files/Airports_Alpha.txt");
@@ -347,7 +351,7 @@ void TestFpSetFiles::withoutATrashTheContentIsBackedUp()
     Desk::useTrashIn(desk.sandbox.host("C:\\no folder"));
     desk.sandbox.write(target, "airports of a set given up");
     const OrdinaryUser user(desk.sandbox); // who has no trash at the root of the disk either
-    QVERIFY(fpset_files::discard(target, desk.ErrMsg));
+    QVERIFY(fpset_files::discard(target, desk.step));
     QCOMPARE(desk.files(), (QStringList{"Airports_Alpha.txt.Backup1"}));
     QCOMPARE(desk.sandbox.read(target + ".Backup1"), QByteArray("airports of a set given up"));
 }
@@ -355,9 +359,9 @@ void TestFpSetFiles::withoutATrashTheContentIsBackedUp()
 void TestFpSetFiles::discardingWhatIsNotThereDoesNothing()
 {
     Desk desk;
-    QVERIFY(!fpset_files::discard(target, desk.ErrMsg));
-    QVERIFY(!fpset_files::discard({}, desk.ErrMsg));
-    QVERIFY(!fpset_files::discard("C:\\TTools", desk.ErrMsg)); // folders are not ours to delete
+    QVERIFY(!fpset_files::discard(target, desk.step));
+    QVERIFY(!fpset_files::discard({}, desk.step));
+    QVERIFY(!fpset_files::discard("C:\\TTools", desk.step)); // folders are not ours to delete
     QVERIFY(desk.sandbox.exists("C:\\TTools"));
     QCOMPARE(desk.trashed(), QStringList());
 }

@@ -7,6 +7,7 @@
 #include "platform/prefix/wine_server.h"
 #include "tests/support/fakes.h"
 #include "tests/support/sandbox.h"
+#include "tests/support/steps.h"
 
 #include <QDir>
 #include <QFile>
@@ -244,9 +245,9 @@ void TestWinePrefix::theSuitesEntriesAreAddedAndNoOtherByteChanges()
 {
     const QByteArray systemBefore = fileOf("system.reg");
     const QByteArray userBefore = fileOf("user.reg");
-    FormState state;
-    state.MorlenEDir = "C:\\Morlen\\";
-    suite_registry::CheckRegistry(*systemRegistry(), state, caption);
+    Steps steps;
+    steps.state.MorlenEDir = "C:\\Morlen\\";
+    suite_registry::CheckRegistry(*systemRegistry(), steps.state, caption, steps.step);
     QCOMPARE(fileOf("system.reg"), systemBefore);
     const QByteArray userAfter = fileOf("user.reg");
     QVERIFY(userAfter.startsWith(userBefore));
@@ -261,14 +262,14 @@ void TestWinePrefix::aNewCaptionChangesItsLineOnly()
 {
     const QByteArray systemBefore = fileOf("system.reg");
     const QByteArray userBefore = fileOf("user.reg");
-    FormState state;
-    state.MorlenEDir = "D:\\Elsewhere\\";
-    suite_registry::CheckRegistry(*systemRegistry(), state, "Another caption");
+    Steps steps;
+    steps.state.MorlenEDir = "D:\\Elsewhere\\";
+    suite_registry::CheckRegistry(*systemRegistry(), steps.state, "Another caption", steps.step);
     QCOMPARE(fileOf("system.reg"), systemBefore);
     QCOMPARE(fileOf("user.reg"), QByteArray(userBefore)
                                      .replace("\"Caption\"=\"Morlen Utilities\"\n",
                                               "\"Caption\"=\"Another caption\"\n"));
-    suite_registry::CheckRegistry(*systemRegistry(), state, caption);
+    suite_registry::CheckRegistry(*systemRegistry(), steps.state, caption, steps.step);
     QCOMPARE(fileOf("user.reg"), userBefore);
 }
 
@@ -286,10 +287,10 @@ void TestWinePrefix::wineShowsTheSuitesEntriesAndKeepsThem()
         QCOMPARE(textOf(suite + "Path", "Exe_Path"), path);
         QCOMPARE(textOf(suite + "Caption", "Caption"), caption);
     }
-    FormState state;
-    state.MorlenEDir = "C:\\Morlen\\";
+    Steps steps;
+    steps.state.MorlenEDir = "C:\\Morlen\\";
     const QByteArray before = fileOf("user.reg");
-    suite_registry::CheckRegistry(*systemRegistry(), state, caption);
+    suite_registry::CheckRegistry(*systemRegistry(), steps.state, caption, steps.step);
     QCOMPARE(fileOf("user.reg"), before);
 }
 

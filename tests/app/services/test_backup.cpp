@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 // Two generations of copies, and what happens when they cannot be made.
 #include "app/services/backup.h"
-#include "tests/support/failure.h"
+
 #include "tests/support/file_size_limit.h"
 #include "tests/support/sandbox.h"
+#include "tests/support/steps.h"
 
 #include <QDir>
 #include <QtTest>
@@ -25,9 +26,7 @@ QStringList fileNames(const Sandbox &sandbox)
 /// The failure of a backup and its step: "53 File not found: Open C:\x.txt"; empty without one.
 QString failureOfBackup(const QString &path = source)
 {
-    QString ErrMsg;
-    const QString failure = failureOf([&] { backUp(path, ErrMsg); });
-    return failure.isEmpty() ? failure : failure + ": " + ErrMsg;
+    return Steps().failureOf([&](Step &step) { DoBackup(path, step); });
 }
 
 } // namespace
@@ -48,7 +47,8 @@ private Q_SLOTS:
     void everyByteIsCopied();
     void backupsAreNamedBehindTheWholeName_data();
     void backupsAreNamedBehindTheWholeName();
-    void lastStepIsTheCopy();
+    void stepOfTheCallerStandsAgainAfterwards();
+    void failedShiftIsNamedAsTheCopyItIs();
     void missingSourceFailsAtOpeningTheSource();
     void missingFolderFails();
     void folderInPlaceOfTheSourceFails();
@@ -184,13 +184,23 @@ void TestBackup::backupsAreNamedBehindTheWholeName()
     QCOMPARE(sandbox.read(path + ".Backup2"), QByteArray("the first content"));
 }
 
-void TestBackup::lastStepIsTheCopy()
+void TestBackup::stepOfTheCallerStandsAgainAfterwards()
 {
     const Sandbox sandbox;
     sandbox.write(source, "content");
-    QString ErrMsg = "something else";
-    backUp(source, ErrMsg);
-    QCOMPARE(ErrMsg, QString("File Copy Backup"));
+    Steps steps;
+    steps.step.set("Creating the set");
+    DoBackup(source, steps.step);
+    QCOMPARE(steps.state.ErrMsg, QString("Creating the set"));
+}
+
+void TestBackup::failedShiftIsNamedAsTheCopyItIs()
+{
+    const Sandbox sandbox;
+    sandbox.write(source, "content");
+    sandbox.write(backup1, "content of before");
+    sandbox.makeFolder(backup2);
+    QCOMPARE(failureOfBackup(), "75 Path/File access error: File Copy Backup");
 }
 
 void TestBackup::missingSourceFailsAtOpeningTheSource()
@@ -274,7 +284,7 @@ void TestBackup::fullDiskWhileShiftingLeavesBothGenerations()
     sandbox.write(backup2, "a copy of long ago");
     {
         const FileSizeLimit limit(50'000);
-        QCOMPARE(failureOfBackup(), "61 Disk full: Open " + backup1);
+        QCOMPARE(failureOfBackup(), "61 Disk full: File Copy Backup");
     }
     QCOMPARE(sandbox.read(backup1), QByteArray(100'000, '1'));
     QCOMPARE(sandbox.read(backup2), QByteArray("a copy of long ago"));
@@ -287,7 +297,7 @@ void TestBackup::fullDiskAfterShiftingLeavesTheFormerCopy()
     sandbox.write(backup1, "a copy of yesterday");
     {
         const FileSizeLimit limit(50'000);
-        QCOMPARE(failureOfBackup(), "61 Disk full: Open " + backup1);
+        QCOMPARE(failureOfBackup(), "61 Disk full: File Copy Backup");
     }
     QCOMPARE(sandbox.read(backup2), QByteArray("a copy of yesterday"));
     QCOMPARE(fileNames(sandbox), (QStringList{"Aircraft_Set.txt", "Aircraft_Set.txt.Backup2"}));

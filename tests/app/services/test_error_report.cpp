@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 // The box and the log entry of a failed step.
 #include "app/services/error_report.h"
+
+#include "app/services/form_state.h"
+#include "app/services/trace_log.h"
 #include "tests/support/fakes.h"
 #include "tests/support/sandbox.h"
 
@@ -25,7 +28,7 @@ struct Reporting {
     FormState state;
     FakeClock clock;
     FakeDialogs dialogs;
-    TraceLog log{state, clock};
+    TraceLog log{state, clock, dialogs};
     ErrorReport errors{state, log, dialogs};
 };
 
@@ -42,6 +45,8 @@ private Q_SLOTS:
     void everyNumberHasItsDescription_data();
     void everyNumberHasItsDescription();
     void stepIsTheOneUnderWay();
+    void stepIsGivenBackWhenTheStepsAreDone();
+    void failedSideStepNamesItself();
     void successShowsNothing();
     void programGoesOnAfterAFailure();
     void failuresOfOtherKindsPass();
@@ -110,6 +115,37 @@ void TestErrorReport::stepIsTheOneUnderWay()
              QString("Error  62 Input past end of file\rOpening C:\\Morlen\\\\MorlenE.ini"));
 }
 
+void TestErrorReport::stepIsGivenBackWhenTheStepsAreDone()
+{
+    Reporting report;
+    report.state.ErrMsg = "before";
+    report.errors.run("LoadList Error", [&](Step &step) {
+        step.set("Open x");
+        {
+            Step side(step);
+            side.set("Open x.Backup1");
+            side.set("File Copy Backup");
+            QCOMPARE(report.state.ErrMsg, QString("File Copy Backup"));
+        }
+        QCOMPARE(report.state.ErrMsg, QString("Open x"));
+    });
+    QCOMPARE(report.state.ErrMsg, QString("before"));
+}
+
+void TestErrorReport::failedSideStepNamesItself()
+{
+    Reporting report;
+    report.state.ErrMsg = "before";
+    report.errors.run("LoadList Error", [&](Step &step) {
+        step.set("Open x");
+        Step side(step);
+        side.set("File Copy Backup");
+        throw RuntimeError(ErrorNumber::DiskFull);
+    });
+    QCOMPARE(report.dialogs.boxes[0].prompt, QString("Error  61 Disk full\rFile Copy Backup"));
+    QCOMPARE(report.state.ErrMsg, QString("before"));
+}
+
 void TestErrorReport::successShowsNothing()
 {
     Reporting report;
@@ -174,8 +210,9 @@ void TestErrorReport::logThatCannotBeWrittenLeavesTheBox()
     report.sandbox.makeFolder(logFile);
     QVERIFY(!report.errors.run("Backup Error",
                                [&] { report.failIn("Open x", ErrorNumber::FileNotFound); }));
-    QCOMPARE(report.dialogs.boxes.size(), 1);
-    QCOMPARE(report.dialogs.boxes[0].prompt, QString("Error  53 File not found\rOpen x"));
+    QCOMPARE(report.dialogs.boxes.size(), 2);
+    QCOMPARE(report.dialogs.boxes[0].title, QString("Trace Log Error"));
+    QCOMPARE(report.dialogs.boxes[1].prompt, QString("Error  53 File not found\rOpen x"));
 }
 
 void TestErrorReport::loggingAloneShowsNoBox()

@@ -390,7 +390,8 @@ void TestShell::documentIsOpenedFromTheProgramFolder()
 {
     Running run;
     QVERIFY(QDir::setCurrent(run.sandbox.host("C:\\windows")));
-    run.services.shell.openDocument("Docs\\VarloHelp.htm");
+    Step step(run.services.state);
+    run.services.shell.openDocument("Docs\\VarloHelp.htm", step);
     QCOMPARE(run.outside.processes.documents, QStringList{"C:\\Morlen\\Docs\\VarloHelp.htm"});
     QCOMPARE(paths::currentDirectory(), QString("C:\\Morlen"));
     QCOMPARE(run.services.state.ErrMsg, QString("Opening C:\\Morlen\\Docs\\VarloHelp.htm"));
@@ -400,7 +401,8 @@ void TestShell::documentWithoutProgramFolderFails()
 {
     Running run;
     run.services.state.MorlenEDir = "C:\\Gone\\";
-    QCOMPARE(failureOf([&] { run.services.shell.openDocument("Donate.htm"); }),
+    Step step(run.services.state);
+    QCOMPARE(failureOf([&] { run.services.shell.openDocument("Donate.htm", step); }),
              QString("76 Path not found"));
     QCOMPARE(run.outside.processes.documents, QStringList());
 }

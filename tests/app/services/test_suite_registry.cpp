@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Registering this program, finding its companions, and launching them.
 #include "app/services/suite_registry.h"
+
+#include "app/services/form_state.h"
+#include "app/services/step.h"
 #include "platform/paths.h"
 #include "tests/support/failure.h"
 #include "tests/support/fakes.h"
@@ -17,7 +20,12 @@ const QString caption = QStringLiteral("Morlen Utilities - Version 1.5.4");
 struct Suite {
     Suite() { state.MorlenEDir = "C:\\Morlen\\"; }
 
-    void check() { suite_registry::CheckRegistry(registry, state, caption); }
+    void check()
+    {
+        Step step(state);
+        suite_registry::CheckRegistry(registry, state, caption, step);
+        lastStep = state.ErrMsg;
+    }
 
     void add(const QString &key, const QString &name, const QString &text)
     {
@@ -32,6 +40,7 @@ struct Suite {
 
     FakeRegistry registry;
     FormState state;
+    QString lastStep;
 };
 
 } // namespace
@@ -61,7 +70,7 @@ void TestSuiteRegistry::firstStartCreatesTheSuitesTwoKeys()
     QCOMPARE(suite.text("Morlen Utilities\\Path", "Exe_Path"),
              QString("C:\\Morlen\\MorlenEditor.exe"));
     QCOMPARE(suite.text("Morlen Utilities\\Caption", "Caption"), caption);
-    QCOMPARE(suite.state.ErrMsg, QString("Check for Pellara Caption"));
+    QCOMPARE(suite.lastStep, QString("Check for Pellara Caption"));
 }
 
 void TestSuiteRegistry::movedProgramLeavesTheRegisteredPathAndRefreshesTheCaption()

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 // What reaches the trace log, and when it is begun anew.
 #include "app/services/trace_log.h"
+
+#include "app/services/form_state.h"
 #include "tests/support/failure.h"
 #include "tests/support/fakes.h"
 #include "tests/support/file_size_limit.h"
@@ -8,6 +10,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QLocale>
 #include <QtTest>
 
 namespace
@@ -29,7 +32,8 @@ struct Tracing {
     Sandbox sandbox;
     FormState state;
     FakeClock clock;
-    TraceLog log{state, clock};
+    FakeDialogs dialogs;
+    TraceLog log{state, clock, dialogs};
 };
 
 } // namespace
@@ -74,6 +78,8 @@ private Q_SLOTS:
     void readOnlyProgramFolderFails();
     void fullDiskFailsAndLeavesWholeEntries();
     void logThatCannotBeWrittenIsNoLongerTracedAfterTurningOff();
+    void logThatCannotBeWrittenIsToldOnce();
+    void turningOnALogThatCannotBeWrittenIsToldOnce();
 };
 
 void TestTraceLog::logIsInTheProgramFolder()
@@ -327,7 +333,7 @@ void TestTraceLog::missingProgramFolderFails()
 {
     Tracing trace(true);
     trace.state.MorlenEDir = "C:\\Gone\\";
-    QCOMPARE(failureOf([&] { trace.log.write("x"); }), QString("76 Path not found"));
+    QCOMPARE(failureOf([&] { trace.log.WriteToLog(); }), QString("76 Path not found"));
     QCOMPARE(failureOf([&] { trace.log.reset(); }), QString("76 Path not found"));
 }
 
@@ -335,7 +341,7 @@ void TestTraceLog::folderInPlaceOfTheLogFails()
 {
     Tracing trace(true);
     trace.sandbox.makeFolder(logFile);
-    QCOMPARE(failureOf([&] { trace.log.write("x"); }), QString("75 Path/File access error"));
+    QCOMPARE(failureOf([&] { trace.log.WriteToLog(); }), QString("75 Path/File access error"));
     QCOMPARE(failureOf([&] { trace.log.setTracing(false); }), QString("75 Path/File access error"));
 }
 
@@ -345,7 +351,7 @@ void TestTraceLog::readOnlyLogFailsAndStays()
     trace.log.write("one");
     const OrdinaryUser user(trace.sandbox);
     QVERIFY(QFile::setPermissions(trace.sandbox.host(logFile), QFile::ReadOwner));
-    QCOMPARE(failureOf([&] { trace.log.write("two"); }), QString("75 Path/File access error"));
+    QCOMPARE(failureOf([&] { trace.log.WriteToLog(); }), QString("75 Path/File access error"));
     QCOMPARE(failureOf([&] { trace.log.reset(); }), QString("75 Path/File access error"));
     QCOMPARE(trace.bytes(), QByteArray("14:03:27 - one\r\n"));
 }
@@ -356,7 +362,7 @@ void TestTraceLog::readOnlyProgramFolderFails()
     const OrdinaryUser user(trace.sandbox);
     QVERIFY(QFile::setPermissions(trace.sandbox.host("C:\\Morlen"),
                                   QFile::ReadOwner | QFile::ExeOwner));
-    QCOMPARE(failureOf([&] { trace.log.write("x"); }), QString("75 Path/File access error"));
+    QCOMPARE(failureOf([&] { trace.log.WriteToLog(); }), QString("75 Path/File access error"));
     QVERIFY(!trace.sandbox.exists(logFile));
 }
 
@@ -367,7 +373,7 @@ void TestTraceLog::fullDiskFailsAndLeavesWholeEntries()
     const QByteArray before = trace.bytes();
     {
         const FileSizeLimit limit(before.size() + 7); // 7 bytes into the second entry
-        QCOMPARE(failureOf([&] { trace.log.write("two"); }), QString("61 Disk full"));
+        QCOMPARE(failureOf([&] { trace.log.WriteToLog(); }), QString("61 Disk full"));
     }
     QCOMPARE(trace.bytes(), before);
     trace.log.write("three");
@@ -380,7 +386,33 @@ void TestTraceLog::logThatCannotBeWrittenIsNoLongerTracedAfterTurningOff()
     trace.sandbox.makeFolder(logFile);
     QVERIFY(!failureOf([&] { trace.log.setTracing(false); }).isEmpty());
     QVERIFY(!trace.state.TraceOn);
-    QCOMPARE(failureOf([&] { trace.log.write("x"); }), QString());
+    QCOMPARE(failureOf([&] { trace.log.WriteToLog(); }), QString());
+}
+
+void TestTraceLog::logThatCannotBeWrittenIsToldOnce()
+{
+    Tracing trace(true);
+    trace.sandbox.makeFolder(logFile);
+    const QSignalSpy switchedOff(&trace.log, &TraceLog::switchedOff);
+    trace.log.write("one");
+    trace.log.write("two");
+    QVERIFY(!trace.state.TraceOn);
+    QCOMPARE(switchedOff.size(), 1);
+    QCOMPARE(trace.dialogs.boxes.size(), 1);
+    const MessageBox box = trace.dialogs.boxes[0];
+    QCOMPARE(box.title, QString("Trace Log Error"));
+    QCOMPARE(box.prompt, QString("Error  75 Path/File access error\r"
+                                 "Opening C:\\Morlen\\\\TraceLog.txt"));
+    QCOMPARE(box.icon, MessageBox::Icon::Exclamation);
+}
+
+void TestTraceLog::turningOnALogThatCannotBeWrittenIsToldOnce()
+{
+    Tracing trace(false);
+    trace.sandbox.makeFolder(logFile);
+    trace.log.setTracing(true);
+    QVERIFY(!trace.state.TraceOn);
+    QCOMPARE(trace.dialogs.boxes.size(), 1);
 }
 
 QTEST_APPLESS_MAIN(TestTraceLog)
