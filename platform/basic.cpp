@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/basic.h"
 
+#include "platform/blind_to_case.h"
 #include "platform/runtime_error.h"
 
 #include <QDateTime>
@@ -8,6 +9,8 @@
 #include <QRegularExpression>
 
 #include <cmath>
+
+using namespace Qt::StringLiterals;
 
 namespace basic
 {
@@ -17,7 +20,7 @@ namespace
 
 bool isBlankForVal(QChar c)
 {
-    return c == ' ' || c == '\t' || c == '\n';
+    return c == u' ' || c == u'\t' || c == u'\n';
 }
 
 /// Val of the digits behind "&H" or "&O". Up to 16 (then 32) bits they stand for a signed number.
@@ -55,17 +58,17 @@ QString leadingDecimal(QStringView text)
         if (isBlankForVal(c)) {
             continue;
         }
-        const bool digit = c >= '0' && c <= '9';
-        const bool sign = (c == '+' || c == '-') && (number.isEmpty() || last == 'e');
+        const bool digit = c >= u'0' && c <= u'9';
+        const bool sign = (c == u'+' || c == u'-') && (number.isEmpty() || last == u'e');
         if (digit || sign) {
             number += c;
-        } else if (c == '.' && !point && !exponent) {
+        } else if (c == u'.' && !point && !exponent) {
             point = true;
             number += c;
-        } else if (QStringLiteral("eEdD").contains(c) && !exponent &&
-                   (last.isDigit() || last == '.')) {
+        } else if (QStringView(u"eEdD").contains(c) && !exponent &&
+                   (last.isDigit() || last == u'.')) {
             exponent = true;
-            number += 'e';
+            number += u'e';
         } else {
             break;
         }
@@ -78,10 +81,10 @@ Text trimmed(const Text &text)
 {
     qsizetype start = 0;
     qsizetype end = text.size();
-    while (start < end && text[start] == ' ') {
+    while (start < end && text[start] == u' ') {
         ++start;
     }
-    while (end > start && text[end - 1] == ' ') {
+    while (end > start && text[end - 1] == u' ') {
         --end;
     }
     return text.sliced(start, end - start);
@@ -114,7 +117,7 @@ QString mid(const QString &text, qsizetype position, qsizetype count)
 
 QString str(int number)
 {
-    return number < 0 ? QString::number(number) : ' ' + QString::number(number);
+    return number < 0 ? QString::number(number) : u' ' + QString::number(number);
 }
 
 double val(QStringView text)
@@ -124,16 +127,16 @@ double val(QStringView text)
         ++start;
     }
     const QStringView rest = text.sliced(start);
-    if (rest.startsWith(u"&h", Qt::CaseInsensitive)) {
+    if (blind_to_case::startsWith(rest, u"&h")) {
         return prefixedNumber(rest.sliced(2), 16);
     }
-    if (rest.startsWith(u"&o", Qt::CaseInsensitive)) {
+    if (blind_to_case::startsWith(rest, u"&o")) {
         return prefixedNumber(rest.sliced(2), 8);
     }
     QString number = leadingDecimal(rest);
     // An exponent without figures is not part of the number.
     while (!number.isEmpty() &&
-           (number.endsWith('e') || number.endsWith('+') || number.endsWith('-'))) {
+           (number.endsWith(u'e') || number.endsWith(u'+') || number.endsWith(u'-'))) {
         number.chop(1);
     }
     bool ok = false;
@@ -153,13 +156,13 @@ std::int16_t toInteger16(const QString &text)
     }
     static const QRegularExpression number(
         QRegularExpression::anchoredPattern(
-            R"([+-]?(\d[\d,]*\.?\d*|\.\d+)([ed][+-]?\d+)?|&h[\da-f]+|&o[0-7]+)"),
+            uR"([+-]?(\d[\d,]*\.?\d*|\.\d+)([ed][+-]?\d+)?|&h[\da-f]+|&o[0-7]+)"_s),
         QRegularExpression::CaseInsensitiveOption);
     QString trimmed = text.trimmed();
     if (!number.match(trimmed).hasMatch()) {
         throw RuntimeError(ErrorNumber::TypeMismatch);
     }
-    const double value = val(trimmed.remove(','));
+    const double value = val(trimmed.remove(u','));
     const double rounded = std::nearbyint(value); // the default mode: halves go to the even number
     if (rounded < INT16_MIN || rounded > INT16_MAX) {
         throw RuntimeError(ErrorNumber::Overflow);
@@ -186,12 +189,12 @@ QString wholeNumberText(double number)
 
 QString longDate(const QDateTime &time)
 {
-    return QLocale::c().toString(time, QStringLiteral("dddd, MMMM dd, yyyy"));
+    return QLocale::c().toString(time, u"dddd, MMMM dd, yyyy");
 }
 
 QString clockTime(const QDateTime &time)
 {
-    return time.toString(QStringLiteral("HH:mm:ss"));
+    return time.toString(u"HH:mm:ss");
 }
 
 } // namespace basic

@@ -13,6 +13,24 @@ namespace blind_to_case
 /// Lower case, character for character: positions in the result are positions in the text.
 QString lower(QStringView text);
 
+/// Whether two texts are equal but for case.
+inline bool equal(QStringView text, QStringView other)
+{
+    return text.size() == other.size() && text.compare(other, Qt::CaseInsensitive) == 0;
+}
+
+/// As above for bytes; letters beyond ASCII count as they are.
+inline bool equal(QByteArrayView bytes, QByteArrayView other)
+{
+    return bytes.compare(other, Qt::CaseInsensitive) == 0;
+}
+
+/// Whether a text begins with a word.
+inline bool startsWith(QStringView text, QStringView word)
+{
+    return text.startsWith(word, Qt::CaseInsensitive);
+}
+
 /// Whether bytes begin with a word given in lower case; letters beyond ASCII count as they are.
 inline bool startsWith(QByteArrayView bytes, QByteArrayView word)
 {

@@ -2,9 +2,13 @@
 // The rules of Windows paths, the same on every system.
 #include "platform/paths.h"
 
+#include "platform/blind_to_case.h"
+
 #include <algorithm>
 #include <array>
 #include <string_view>
+
+using namespace Qt::StringLiterals;
 
 namespace paths
 {
@@ -17,16 +21,13 @@ bool isDeviceName(QStringView name)
 {
     static constexpr std::array<QStringView, 6> devices = {u"CON", u"PRN",    u"AUX",
                                                            u"NUL", u"CONIN$", u"CONOUT$"};
-    const qsizetype dot = name.indexOf('.');
+    const qsizetype dot = name.indexOf(u'.');
     const QStringView stem = (dot < 0 ? name : name.first(dot)).trimmed();
-    const auto is = [&](QStringView device) {
-        return stem.size() == device.size() && stem.compare(device, Qt::CaseInsensitive) == 0;
-    };
-    if (stem.size() == 4 && stem[3] >= '1' && stem[3] <= '9') {
-        return stem.startsWith(u"COM", Qt::CaseInsensitive) ||
-               stem.startsWith(u"LPT", Qt::CaseInsensitive);
+    if (stem.size() == 4 && stem[3] >= u'1' && stem[3] <= u'9') {
+        return blind_to_case::startsWith(stem, u"COM") || blind_to_case::startsWith(stem, u"LPT");
     }
-    return std::any_of(devices.begin(), devices.end(), is);
+    return std::any_of(devices.begin(), devices.end(),
+                       [&](QStringView device) { return blind_to_case::equal(stem, device); });
 }
 
 } // namespace
@@ -44,22 +45,22 @@ bool isValidName(QStringView name)
 
 QString windowsDirectory()
 {
-    return QStringLiteral("C:\\windows");
+    return u"C:\\windows"_s;
 }
 
 QString systemDirectory()
 {
-    return QStringLiteral("C:\\windows\\system32");
+    return u"C:\\windows\\system32"_s;
 }
 
 QString join(const QString &folder, const QString &name)
 {
-    return folder.endsWith('\\') ? folder + name : folder + '\\' + name;
+    return folder.endsWith(u'\\') ? folder + name : folder + u'\\' + name;
 }
 
 QString fileName(const QString &path)
 {
-    return path.sliced(path.lastIndexOf('\\') + 1);
+    return path.sliced(path.lastIndexOf(u'\\') + 1);
 }
 
 } // namespace paths

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/prefix/reg_file.h"
 
+#include "platform/blind_to_case.h"
+
 #include <QStringDecoder>
 
 namespace
@@ -10,8 +12,7 @@ constexpr QByteArrayView controlLetters(".......abtnvfr.............e....", 32);
 
 bool isHexDigit(QChar c)
 {
-    const QChar lower = c.toLower();
-    return (lower >= '0' && lower <= '9') || (lower >= 'a' && lower <= 'f');
+    return (c >= u'0' && c <= u'9') || (c >= u'a' && c <= u'f') || (c >= u'A' && c <= u'F');
 }
 
 /// A text as the format writes it; `special` characters get a backslash.
@@ -62,7 +63,7 @@ QString unescape(QByteArrayView text, qsizetype &position, char close)
     while (position < text.size() && text[position] != close) {
         const char c = text[position++];
         if (c != '\\' || position >= text.size()) {
-            plain += QLatin1Char(c);
+            plain += QChar::fromLatin1(c);
             continue;
         }
         const char escaped = text[position];
@@ -72,17 +73,13 @@ QString unescape(QByteArrayView text, qsizetype &position, char close)
         } else if (escaped >= '0' && escaped <= '7') {
             plain += QChar(readNumber(text, position, 8, 3));
         } else {
-            plain += control >= 0 ? QChar(static_cast<char16_t>(control)) : QLatin1Char(escaped);
+            plain +=
+                control >= 0 ? QChar(static_cast<char16_t>(control)) : QChar::fromLatin1(escaped);
             ++position;
         }
     }
     ++position;
     return plain;
-}
-
-bool equalBlindToCase(QByteArrayView a, QByteArrayView b)
-{
-    return a.size() == b.size() && qstrnicmp(a.data(), a.size(), b.data(), b.size()) == 0;
 }
 
 std::optional<RegistryData> parseData(QByteArrayView data)
@@ -146,8 +143,8 @@ std::optional<RegFile::Range> RegFile::findKey(const QString &key) const
         qsizetype position = 1;
         const bool same =
             found.contains("\\x")
-                ? unescape(found, position, ']').compare(key, Qt::CaseInsensitive) == 0
-                : equalBlindToCase(found.first(qMin(header.size(), found.size())), header);
+                ? blind_to_case::equal(unescape(found, position, ']'), key)
+                : blind_to_case::equal(found.first(qMin(header.size(), found.size())), header);
         if (same) {
             Range range{lineEnd(start), lineEnd(start)};
             while (range.end < m_bytes.size() && m_bytes[range.end] != '[') {
@@ -169,7 +166,7 @@ std::optional<RegFile::Range> RegFile::findValue(Range key, const QString &name)
         }
         qsizetype position = 1;
         if (m_bytes[start] == '"' &&
-            unescape(line(start), position, '"').compare(name, Qt::CaseInsensitive) == 0) {
+            blind_to_case::equal(unescape(line(start), position, '"'), name)) {
             return Range{start, end};
         }
         start = end;
@@ -220,12 +217,10 @@ void RegFile::setValue(const QString &key, const QString &name, const RegistryDa
         }
         return;
     }
-    Range place = lines; // behind the last line of the key that is not blank
-    qsizetype end = lines.start;
+    qsizetype place = lines.start; // behind the last line of the key that is not blank
     for (qsizetype start = lines.start; start < lines.end; start = lineEnd(start)) {
-        end = line(start).isEmpty() ? end : lineEnd(start);
+        place = line(start).isEmpty() ? place : lineEnd(start);
     }
-    place.end = end;
-    const bool unterminated = !m_bytes.first(place.end).endsWith('\n');
-    m_bytes.insert(place.end, (unterminated ? newLine() : QByteArray()) + text + newLine());
+    const bool unterminated = !m_bytes.first(place).endsWith('\n');
+    m_bytes.insert(place, (unterminated ? newLine() : QByteArray()) + text + newLine());
 }

@@ -9,6 +9,9 @@ class TestBlindToCase : public QObject
 
 private Q_SLOTS:
     void lowerKeepsEveryPosition();
+    void textsAreEqualButForCase();
+    void bytesAreEqualButForTheCaseOfAscii();
+    void beginningIsFoundWhateverItsCase();
 };
 
 void TestBlindToCase::lowerKeepsEveryPosition()
@@ -17,6 +20,32 @@ void TestBlindToCase::lowerKeepsEveryPosition()
     QCOMPARE(blind_to_case::lower(u"\u00C9\u00DC\u0178\u00DF"), u"\u00E9\u00FC\u00FF\u00DF");
     QCOMPARE(blind_to_case::lower(u"\u0130x").size(),
              2); // the dotted I, longer when lowered as a word
+}
+
+void TestBlindToCase::textsAreEqualButForCase()
+{
+    QVERIFY(blind_to_case::equal(u"FS9\\\u00C9t\u00E9", u"fs9\\\u00E9T\u00C9"));
+    QVERIFY(!blind_to_case::equal(u"FS9", u"FS98"));
+    QVERIFY(!blind_to_case::equal(u"\u00E9", u"e"));
+    QVERIFY(blind_to_case::equal(QStringView(), u""));
+}
+
+void TestBlindToCase::bytesAreEqualButForTheCaseOfAscii()
+{
+    using Bytes = QByteArrayView;
+    QVERIFY(blind_to_case::equal(Bytes("[Software]"), Bytes("[SOFTWARE]")));
+    QVERIFY(!blind_to_case::equal(Bytes("[Software]"), Bytes("[Software")));
+    QVERIFY(!blind_to_case::equal(Bytes("["), Bytes("{")));
+    QVERIFY(!blind_to_case::equal(Bytes("\xE9"), Bytes("\xC9")));
+}
+
+void TestBlindToCase::beginningIsFoundWhateverItsCase()
+{
+    QVERIFY(blind_to_case::startsWith(u"SOFTWARE\\Ostrel", u"Software\\"));
+    QVERIFY(!blind_to_case::startsWith(u"Soft", u"Software\\"));
+    QVERIFY(blind_to_case::startsWith(QByteArrayView("[FltSim.0]"), "[fltsim."));
+    QVERIFY(!blind_to_case::startsWith(QByteArrayView("[fltsim"), "[fltsim."));
+    QVERIFY(!blind_to_case::startsWith(QByteArrayView("\x14itle"), "title"));
 }
 
 QTEST_APPLESS_MAIN(TestBlindToCase)
