@@ -1,9 +1,9 @@
 # What is installed, and the Debian package of it. The program stands beside neither its help pages nor
 # its settings: the launcher brings them together in a folder of the user's own.
-set(CMAKE_INSTALL_DOCDIR share/doc/morlen-utilities)
+set(CMAKE_INSTALL_DOCDIR share/doc/${MORLEN_PACKAGE})
 include(GNUInstallDirs)
-set(MORLEN_LIB lib/morlen-utilities)
-set(MORLEN_SHARE ${CMAKE_INSTALL_DATAROOTDIR}/morlen-utilities)
+set(MORLEN_LIB lib/${MORLEN_PACKAGE})
+set(MORLEN_SHARE ${CMAKE_INSTALL_DATAROOTDIR}/${MORLEN_PACKAGE})
 
 install(TARGETS MorlenEditor DESTINATION ${MORLEN_LIB})
 install(PROGRAMS packaging/morlen-utilities DESTINATION ${CMAKE_INSTALL_BINDIR})
@@ -17,10 +17,10 @@ install(FILES LICENSE CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(FILES data/README.md DESTINATION ${CMAKE_INSTALL_DOCDIR} RENAME airport-list.md)
 
 set(CPACK_GENERATOR DEB)
-set(CPACK_PACKAGE_NAME morlen-utilities)
+set(CPACK_PACKAGE_NAME ${MORLEN_PACKAGE})
 set(CPACK_PACKAGE_CONTACT "Ostrel")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "${PROJECT_DESCRIPTION}")
-set(CPACK_PACKAGE_FILE_NAME morlen-utilities-${PROJECT_VERSION})
+set(CPACK_PACKAGE_FILE_NAME ${MORLEN_PACKAGE}-${PROJECT_VERSION})
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_PACKAGE_SECTION utils)

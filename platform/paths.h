@@ -12,8 +12,8 @@
 namespace paths
 {
 
-/// The Wine prefix on the host: $WINEPREFIX, else ~/.wine when it exists, else
-/// $XDG_DATA_HOME/morlen-utilities, which is made, with its drives c: and z:, on first need.
+/// The Wine prefix on the host: $WINEPREFIX, else ~/.wine when it exists, else the program's own in
+/// $XDG_DATA_HOME, which is made, with its drives c: and z:, on first need.
 QString prefix();
 
 /// The drives there are, as "c:", in letter order.

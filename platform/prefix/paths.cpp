@@ -2,19 +2,20 @@
 // Windows paths in a Wine prefix.
 #include "platform/paths.h"
 
+#include "platform/blind_to_case.h"
 #include "platform/runtime_error.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
 
-#include <cerrno>
-#include <memory>
 #include <optional>
 
-#include <dirent.h>
 #include <sys/stat.h>
+
+using namespace Qt::StringLiterals;
 
 namespace paths
 {
@@ -24,27 +25,26 @@ namespace
 
 QString ownPrefix()
 {
-    const QString own =
-        QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/morlen-utilities";
-    const QDir dir(own);
-    if (!dir.exists("dosdevices")) {
-        dir.mkpath("drive_c/windows/system32");
-        dir.mkpath("dosdevices");
-        QFile::link("../drive_c", dir.filePath("dosdevices/c:"));
-        QFile::link("/", dir.filePath("dosdevices/z:"));
+    const QDir data(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation));
+    const QDir own(data.filePath(QString::fromLatin1(OWN_PREFIX)));
+    if (!own.exists(u"dosdevices"_s)) {
+        own.mkpath(u"drive_c/windows/system32"_s);
+        own.mkpath(u"dosdevices"_s);
+        QFile::link(u"../drive_c"_s, own.filePath(u"dosdevices/c:"_s));
+        QFile::link(u"/"_s, own.filePath(u"dosdevices/z:"_s));
     }
-    return own;
+    return own.path();
 }
 
 QString driveLink(QChar letter)
 {
-    return prefix() + "/dosdevices/" + letter.toLower() + ':';
+    return prefix() + u"/dosdevices/"_s + letter.toLower() + u':';
 }
 
 bool isDriveLetter(QChar c)
 {
     const QChar lower = c.toLower();
-    return lower >= 'a' && lower <= 'z';
+    return lower >= u'a' && lower <= u'z';
 }
 
 bool existsOnHost(const QString &path)
@@ -56,15 +56,11 @@ bool existsOnHost(const QString &path)
 /// The name in a host folder that equals `name` blind to case; `name` itself when there is none.
 QString nameOnDisk(const QString &folder, const QString &name)
 {
-    const std::unique_ptr<DIR, int (*)(DIR *)> dir(opendir(QFile::encodeName(folder).constData()),
-                                                   closedir);
-    if (!dir) {
-        return name;
-    }
-    while (const dirent *entry = readdir(dir.get())) {
-        const QString found = QFile::decodeName(entry->d_name);
-        if (found.compare(name, Qt::CaseInsensitive) == 0) {
-            return found;
+    QDirIterator entries(folder, QDir::AllEntries | QDir::Hidden | QDir::System);
+    while (entries.hasNext()) {
+        entries.next();
+        if (blind_to_case::equal(entries.fileName(), name)) {
+            return entries.fileName();
         }
     }
     return name;
@@ -74,35 +70,30 @@ QString nameOnDisk(const QString &folder, const QString &name)
 QStringList components(QStringView path)
 {
     QStringList names;
-    for (const QStringView part : QString(path.toString()).replace('/', '\\').split('\\')) {
-        if (part.isEmpty() || part == u".") {
-            continue;
-        }
+    for (const QStringView part : path.toString().replace(u'/', u'\\').split(u'\\')) {
         if (part == u"..") {
-            if (!names.isEmpty()) {
-                names.removeLast();
+            names.resize(qMax<qsizetype>(names.size() - 1, 0));
+        } else if (!part.isEmpty() && part != u".") {
+            if (!isValidName(part)) {
+                throw RuntimeError(ErrorNumber::BadFileName);
             }
-            continue;
+            names += part.toString();
         }
-        if (!isValidName(part)) {
-            throw RuntimeError(ErrorNumber::BadFileName);
-        }
-        names += part.toString();
     }
     return names;
 }
 
 QString resolve(const QString &root, const QStringList &names)
 {
-    const QString base = root == "/" ? QString() : root;
-    const QString asSpelled = names.isEmpty() ? root : base + '/' + names.join('/');
+    const QString base = root == "/"_L1 ? QString() : root;
+    const QString asSpelled = names.isEmpty() ? root : base + u'/' + names.join(u'/');
     if (existsOnHost(asSpelled)) {
         return asSpelled;
     }
     QString path = base;
     for (const QString &name : names) {
-        const QString exact = path + '/' + name;
-        path = existsOnHost(exact) ? exact : path + '/' + nameOnDisk(path + '/', name);
+        const QString exact = path + u'/' + name;
+        path = existsOnHost(exact) ? exact : path + u'/' + nameOnDisk(path + u'/', name);
     }
     return path.isEmpty() ? root : path;
 }
@@ -110,13 +101,9 @@ QString resolve(const QString &root, const QStringList &names)
 /// `rest` of `path` below `folder`, or nothing when it lies elsewhere. Both are absolute and clean.
 std::optional<QString> below(const QString &folder, const QString &path)
 {
-    if (folder == "/" || path == folder) {
-        return path.sliced(folder == "/" ? 0 : folder.size());
-    }
-    if (path.startsWith(folder + '/')) {
-        return path.sliced(folder.size());
-    }
-    return std::nullopt;
+    const QString base = folder == "/"_L1 ? QString() : folder;
+    const bool isBelow = path == folder || path.startsWith(base + u'/');
+    return isBelow ? std::optional(path.sliced(base.size())) : std::nullopt;
 }
 
 QString driveRoot(QChar letter)
@@ -136,16 +123,16 @@ QString prefix()
     if (!set.isEmpty()) {
         return QFile::decodeName(set);
     }
-    const QString wine = QDir::homePath() + "/.wine";
+    const QString wine = QDir::homePath() + u"/.wine"_s;
     return QFileInfo::exists(wine) ? wine : ownPrefix();
 }
 
 QStringList drives()
 {
     QStringList letters;
-    const QDir links(prefix() + "/dosdevices");
+    const QDir links(prefix() + u"/dosdevices"_s);
     for (const QString &name : links.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name)) {
-        if (name.size() == 2 && isDriveLetter(name[0]) && name[1] == ':') {
+        if (name.size() == 2 && isDriveLetter(name[0]) && name[1] == u':') {
             letters += name.toLower();
         }
     }
@@ -157,15 +144,15 @@ QString toHost(const QString &windowsPath)
     if (windowsPath.isEmpty()) {
         throw RuntimeError(ErrorNumber::BadFileName);
     }
-    if (windowsPath.startsWith('/')) {
+    if (windowsPath.startsWith(u'/')) {
         return windowsPath;
     }
     const bool hasDrive =
-        windowsPath.size() >= 2 && windowsPath[1] == ':' && isDriveLetter(windowsPath[0]);
+        windowsPath.size() >= 2 && windowsPath[1] == u':' && isDriveLetter(windowsPath[0]);
     if (hasDrive) {
         return resolve(driveRoot(windowsPath[0]), components(QStringView(windowsPath).sliced(2)));
     }
-    if (windowsPath.startsWith('\\')) {
+    if (windowsPath.startsWith(u'\\')) {
         return toHost(currentDirectory().first(2) + windowsPath);
     }
     return toHost(join(currentDirectory(), windowsPath));
@@ -174,7 +161,7 @@ QString toHost(const QString &windowsPath)
 QString fromHost(const QString &hostPath)
 {
     const QString path = QDir::cleanPath(hostPath);
-    QString bestDrive = QStringLiteral("z:");
+    QString bestDrive = u"z:"_s;
     QString bestRest = path;
     qsizetype bestLength = -1;
     for (const QString &drive : drives()) {
@@ -192,8 +179,7 @@ QString fromHost(const QString &hostPath)
             }
         }
     }
-    const QString rest = QString(bestRest).replace('/', '\\');
-    return bestDrive.toUpper() + (rest.isEmpty() ? QStringLiteral("\\") : rest);
+    return bestDrive.toUpper() + (bestRest.isEmpty() ? u"\\"_s : bestRest.replace(u'/', u'\\'));
 }
 
 QString currentDirectory()
