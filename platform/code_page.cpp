@@ -36,8 +36,8 @@ QString decode(QByteArrayView bytes)
     QString text(bytes.size(), Qt::Uninitialized);
     QChar *out = text.data();
     for (const char byte : bytes) {
-        const auto code = static_cast<unsigned char>(byte);
-        *out++ = code >= 0x80 && code <= 0x9F ? QChar(highControls[code - 0x80U]) : QChar(code);
+        const char16_t code = static_cast<unsigned char>(byte);
+        *out++ = code >= 0x80 && code <= 0x9F ? highControls[code - 0x80U] : code;
     }
     return text;
 }

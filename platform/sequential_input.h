@@ -15,8 +15,6 @@ public:
     QString next();
 
 private:
-    void skipLineEnd();
-
     QString m_text;
     qsizetype m_position = 0;
 };

@@ -13,6 +13,8 @@
 
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 class DirListModel : public QAbstractListModel
 {
 public:
@@ -112,19 +114,19 @@ private:
 /// "C:\FS9\Aircraft" as "C:\", "FS9", "Aircraft".
 QStringList levels(const QString &path)
 {
-    QStringList parts = path.split('\\', Qt::SkipEmptyParts);
-    parts[0] += '\\';
+    QStringList parts = path.split(u'\\', Qt::SkipEmptyParts);
+    parts[0] += u'\\';
     return parts;
 }
 
 /// One spelling for each folder: no doubled backslash, none at the end but a drive's own.
 QString normalized(const QString &path)
 {
-    const QStringList parts = path.split('\\', Qt::SkipEmptyParts);
-    if (parts.isEmpty() || !parts.first().endsWith(':')) {
+    const QStringList parts = path.split(u'\\', Qt::SkipEmptyParts);
+    if (parts.isEmpty() || !parts.first().endsWith(u':')) {
         throw RuntimeError(ErrorNumber::PathNotFound);
     }
-    return parts.size() == 1 ? parts.first() + '\\' : parts.join('\\');
+    return parts.size() == 1 ? parts.first() + u'\\' : parts.join(u'\\');
 }
 
 } // namespace
@@ -173,7 +175,7 @@ void DirListBox::openEntry(const QModelIndex &entry)
 {
     const QString folder =
         m_model->isOpened(entry)
-            ? m_model->opened.first(entry.row() + 1).join('\\').replace("\\\\", "\\")
+            ? m_model->opened.first(entry.row() + 1).join(u'\\').replace("\\\\"_L1, "\\"_L1)
             : paths::join(m_path, entry.data().toString());
     try {
         setPath(folder);

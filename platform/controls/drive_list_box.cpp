@@ -20,7 +20,7 @@ QString DriveListBox::drive() const
 
 void DriveListBox::setDrive(const QString &drive)
 {
-    const int index = drive.isEmpty() ? -1 : findText(drive.first(1) + ':', Qt::MatchFixedString);
+    const int index = drive.isEmpty() ? -1 : findText(drive.first(1) + u':', Qt::MatchFixedString);
     if (index < 0) {
         throw RuntimeError(ErrorNumber::DeviceUnavailable);
     }
@@ -30,7 +30,7 @@ void DriveListBox::setDrive(const QString &drive)
 void DriveListBox::showDrive(const QString &path)
 {
     const QSignalBlocker blocker(this);
-    const int index = findText(path.left(1) + ':', Qt::MatchFixedString);
+    const int index = findText(path.left(1) + u':', Qt::MatchFixedString);
     if (index >= 0) {
         setCurrentIndex(index);
     }

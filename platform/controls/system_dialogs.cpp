@@ -10,6 +10,8 @@
 #include <QScopeGuard>
 #include <QUrl>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -31,7 +33,7 @@ QMessageBox::Icon iconOf(MessageBox::Icon icon)
 /// A carriage return alone, or with a line feed, is a line break in a prompt.
 QString withLineBreaks(const QString &prompt)
 {
-    return QString(prompt).replace("\r\n", "\n").replace('\r', '\n');
+    return QString(prompt).replace("\r\n"_L1, "\n"_L1).replace(u'\r', u'\n');
 }
 
 /// The drives, for the dialog's side bar: they are where the simulator lives.
@@ -39,7 +41,7 @@ QList<QUrl> driveUrls()
 {
     QList<QUrl> urls;
     for (const QString &drive : paths::drives()) {
-        urls += QUrl::fromLocalFile(paths::toHost(drive + '\\'));
+        urls += QUrl::fromLocalFile(paths::toHost(drive + u'\\'));
     }
     return urls;
 }
@@ -47,10 +49,10 @@ QList<QUrl> driveUrls()
 /// The dialog hides the last brackets of a filter, and takes its pattern from them.
 QStringList nameFilters(const QString &filter)
 {
-    const QStringList parts = filter.split('|');
+    const QStringList parts = filter.split(u'|');
     QStringList filters;
     for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
-        filters += parts[i] + " (" + parts[i + 1] + ')';
+        filters += parts[i] + u" ("_s + parts[i + 1] + u')';
     }
     return filters;
 }

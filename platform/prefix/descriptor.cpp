@@ -72,7 +72,6 @@ int openFolder(const QByteArray &host)
     return descriptor;
 }
 
-/// Reads on from the `filled` bytes that the buffer holds already, to the end of the file.
 void readRest(int descriptor, qsizetype filled, QByteArray &buffer)
 {
     for (;;) {

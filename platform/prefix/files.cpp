@@ -15,11 +15,14 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <optional>
 
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+
+using namespace Qt::StringLiterals;
 
 namespace files
 {
@@ -37,12 +40,17 @@ ErrorNumber missing(const QByteArray &host)
                : ErrorNumber::PathNotFound;
 }
 
+[[noreturn]] void throwFor(const QByteArray &host)
+{
+    const int error = errno;
+    throwErrno(error, missing(host));
+}
+
 int openOrThrow(const QByteArray &host, int flags)
 {
     const int descriptor = ::open(host.constData(), flags | O_CLOEXEC, 0666);
     if (descriptor < 0) {
-        const int error = errno;
-        throwErrno(error, error == ENOENT ? missing(host) : ErrorNumber::FileNotFound);
+        throwFor(host);
     }
     return descriptor;
 }
@@ -60,25 +68,17 @@ qint64 lengthOf(int descriptor)
     return info.st_size;
 }
 
-/// The number of bytes written before a write failed, with the error it failed with (0: none).
-struct WriteResult {
-    qsizetype written = 0;
-    int error = 0;
-};
-
-WriteResult writeBytes(int descriptor, const QByteArray &bytes)
+void writeBytes(int descriptor, QByteArrayView bytes)
 {
-    WriteResult result;
-    while (result.written < bytes.size() && result.error == 0) {
-        const ssize_t count = ::write(descriptor, bytes.constData() + result.written,
-                                      static_cast<std::size_t>(bytes.size() - result.written));
+    while (!bytes.isEmpty()) {
+        const ssize_t count =
+            ::write(descriptor, bytes.data(), static_cast<std::size_t>(bytes.size()));
         if (count >= 0) {
-            result.written += count;
+            bytes = bytes.sliced(count);
         } else if (errno != EINTR) {
-            result.error = errno;
+            throwErrno(errno, ErrorNumber::FileNotFound);
         }
     }
-    return result;
 }
 
 /// Whether the file ends within a line. A file that may not be read is taken to be complete.
@@ -106,12 +106,30 @@ QString spelledName(const dirent &entry)
     return paths::isValidName(name) && QFile::encodeName(name) == entry.d_name ? name : QString();
 }
 
-/// "aircraft*.txt" as a regular expression, blind to case.
-QRegularExpression patternExpression(const QString &pattern)
+/// The spelled names of the wanted entries of a folder, sorted blind to case.
+template <typename Wanted>
+QStringList namesIn(const QString &path, Wanted isWanted)
 {
-    return QRegularExpression(
-        QRegularExpression::wildcardToRegularExpression(QString(pattern).replace('\\', '/')),
-        QRegularExpression::CaseInsensitiveOption);
+    QStringList names;
+    forEachEntry(openFolder(hostName(path)), [&](const dirent &entry, int parent) {
+        const QString name = isWanted(entry, parent) ? spelledName(entry) : QString();
+        if (!name.isEmpty()) {
+            names += name;
+        }
+    });
+    list_order::sort(names);
+    return names;
+}
+
+/// What a path leads to; nothing where it leads nowhere, as a name that cannot exist does.
+std::optional<struct stat> targetOf(const QString &path)
+{
+    try {
+        struct stat info = {};
+        return ::stat(hostName(path).constData(), &info) == 0 ? std::optional(info) : std::nullopt;
+    } catch (const RuntimeError &) {
+        return std::nullopt;
+    }
 }
 
 } // namespace
@@ -143,14 +161,12 @@ void appendLines(const QString &path, const QByteArray &bytes)
     const QByteArray host = hostName(path);
     Descriptor file(openOrThrow(host, O_WRONLY | O_APPEND | O_CREAT));
     const qint64 before = lengthOf(file.get());
-    const WriteResult result =
+    try {
         writeBytes(file.get(), endsWithinLine(host, before) ? "\r\n" + bytes : bytes);
-    if (result.error != 0) {
-        if (result.written > 0 && ::ftruncate(file.get(), before) != 0) {
-            // Half an entry stays then; the error that caused it is the one to report.
-            throwErrno(result.error, ErrorNumber::FileNotFound);
-        }
-        throwErrno(result.error, ErrorNumber::FileNotFound);
+    } catch (const RuntimeError &) {
+        // Where even this fails half an entry stays; what made it so is the error to report.
+        [[maybe_unused]] const int cut = ::ftruncate(file.get(), before);
+        throw;
     }
     file.close();
 }
@@ -171,10 +187,7 @@ void writeAll(const QString &path, const QByteArray &bytes)
         // A device is not to be replaced; or the folder takes no new files, but the file itself may
         // be written.
         Descriptor direct(openOrThrow(host, O_WRONLY | O_CREAT | O_TRUNC));
-        const WriteResult result = writeBytes(direct.get(), bytes);
-        if (result.error != 0) {
-            throwErrno(result.error, ErrorNumber::FileNotFound);
-        }
+        writeBytes(direct.get(), bytes);
         direct.close();
         return;
     }
@@ -194,8 +207,7 @@ void remove(const QString &path)
 {
     const QByteArray host = hostName(path);
     if (::unlink(host.constData()) != 0) {
-        const int error = errno;
-        throwErrno(error, error == ENOENT ? missing(host) : ErrorNumber::FileNotFound);
+        throwFor(host);
     }
 }
 
@@ -215,8 +227,9 @@ bool hasTrash(const QString &host)
     const QStorageInfo disk(host);
     const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
     const bool atHome = disk == QStorageInfo(QDir::home()) && QDir().mkpath(data);
-    const QByteArray trash = QFile::encodeName(
-        atHome ? data + "/Trash" : disk.rootPath() + "/.Trash-" + QString::number(::getuid()));
+    const QByteArray trash =
+        QFile::encodeName(atHome ? data + u"/Trash"_s
+                                 : disk.rootPath() + u"/.Trash-"_s + QString::number(::getuid()));
     return makePrivateFolder(trash) && makePrivateFolder(trash + "/files") &&
            makePrivateFolder(trash + "/info");
 }
@@ -231,35 +244,20 @@ bool moveToTrash(const QString &path)
 
 bool isSame(const QString &path, const QString &other)
 {
-    try {
-        struct stat info = {};
-        struct stat otherInfo = {};
-        return ::stat(hostName(path).constData(), &info) == 0 &&
-               ::stat(hostName(other).constData(), &otherInfo) == 0 &&
-               info.st_dev == otherInfo.st_dev && info.st_ino == otherInfo.st_ino;
-    } catch (const RuntimeError &) {
-        return false; // a name that cannot exist leads nowhere
-    }
+    const auto one = targetOf(path);
+    const auto two = targetOf(other);
+    return one && two && one->st_dev == two->st_dev && one->st_ino == two->st_ino;
 }
 
 bool exists(const QString &path)
 {
-    try {
-        struct stat info = {};
-        return ::stat(hostName(path).constData(), &info) == 0;
-    } catch (const RuntimeError &) {
-        return false; // a name that cannot exist does not
-    }
+    return targetOf(path).has_value();
 }
 
 bool isFolder(const QString &path)
 {
-    try {
-        struct stat info = {};
-        return ::stat(hostName(path).constData(), &info) == 0 && S_ISDIR(info.st_mode);
-    } catch (const RuntimeError &) {
-        return false; // a name that cannot exist is no folder
-    }
+    const auto target = targetOf(path);
+    return target && S_ISDIR(target->st_mode);
 }
 
 void requireFolder(const QString &path)
@@ -269,34 +267,16 @@ void requireFolder(const QString &path)
 
 QStringList subFolders(const QString &path)
 {
-    QStringList names;
-    forEachEntry(openFolder(hostName(path)), [&](const dirent &entry, int parent) {
-        if (entry.d_name[0] != '.' && isFolderEntry(entry, parent)) {
-            const QString name = spelledName(entry);
-            if (!name.isEmpty()) {
-                names += name;
-            }
-        }
+    return namesIn(path, [](const dirent &entry, int parent) {
+        return entry.d_name[0] != '.' && isFolderEntry(entry, parent);
     });
-    list_order::sort(names);
-    return names;
 }
 
 QStringList filesMatching(const QString &path, const QString &pattern)
 {
-    const QRegularExpression expression = patternExpression(pattern);
-    QStringList names;
-    forEachEntry(openFolder(hostName(path)), [&](const dirent &entry, int parent) {
-        if (isFolderEntry(entry, parent)) {
-            return;
-        }
-        const QString name = spelledName(entry);
-        if (!name.isEmpty() && expression.match(name).hasMatch()) {
-            names += name;
-        }
-    });
-    list_order::sort(names);
-    return names;
+    return namesIn(path,
+                   [](const dirent &entry, int parent) { return !isFolderEntry(entry, parent); })
+        .filter(QRegularExpression::fromWildcard(pattern, Qt::CaseInsensitive));
 }
 
 } // namespace files

@@ -11,6 +11,8 @@
 
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -24,13 +26,13 @@ bool isWindowsProgram(const QString &hostFile)
 QString findProgram(const QString &program)
 {
     const bool searched =
-        !program.contains('\\') && !program.contains(':') && !program.startsWith('/');
+        !program.contains(u'\\') && !program.contains(u':') && !program.startsWith(u'/');
     QStringList candidates;
     if (searched) {
         for (const QString &folder : {paths::systemDirectory(), paths::windowsDirectory()}) {
             candidates += paths::join(folder, program);
-            if (!program.contains('.')) {
-                candidates += paths::join(folder, program + ".exe");
+            if (!program.contains(u'.')) {
+                candidates += paths::join(folder, program + u".exe"_s);
             }
         }
     } else {
@@ -52,34 +54,33 @@ QString findProgram(const QString &program)
 /// An argument as a native program understands it: a Windows path becomes the host's.
 QString nativeArgument(const QString &argument)
 {
-    const bool isPath = argument.size() > 2 && argument[1] == ':' && argument[2] == '\\';
+    const bool isPath = argument.size() > 2 && argument[1] == u':' && argument[2] == u'\\';
     return isPath ? paths::toHost(argument) : argument;
 }
 
 HostCommand commandFor(const QString &hostProgram, const QString &argument)
 {
-    if (!isWindowsProgram(hostProgram)) {
-        return {hostProgram,
-                argument.isEmpty() ? QStringList() : QStringList(nativeArgument(argument))};
+    const bool isWindows = isWindowsProgram(hostProgram);
+    HostCommand command{hostProgram, {}};
+    if (isWindows) {
+        command = {QStandardPaths::findExecutable(u"wine"_s), {hostProgram}};
     }
-    const QString wine = QStandardPaths::findExecutable("wine");
-    if (wine.isEmpty()) {
+    if (command.program.isEmpty()) {
         throw RuntimeError(ErrorNumber::FileNotFound);
     }
-    QStringList arguments{hostProgram};
     if (!argument.isEmpty()) {
-        arguments << argument;
+        command.arguments += isWindows ? argument : nativeArgument(argument);
     }
-    return {wine, arguments};
+    return command;
 }
 
 /// The first installed command that serves for a missing program, with the rest of the line.
 std::optional<HostCommand> substituteFor(const QString &line, const QList<Substitute> &substitutes)
 {
-    const qsizetype blank = line.indexOf(' ');
+    const qsizetype blank = line.indexOf(u' ');
     const QString name = blind_to_case::lower(line.first(qMax<qsizetype>(blank, 0)));
     for (const Substitute &substitute : substitutes) {
-        if (name != substitute.program && name != substitute.program + ".exe") {
+        if (name != substitute.program && name != substitute.program + u".exe"_s) {
             continue;
         }
         for (const QStringList &command : substitute.commands) {
@@ -98,15 +99,15 @@ std::optional<HostCommand> substituteFor(const QString &line, const QList<Substi
 HostCommand resolveCommand(const QString &commandLine, const QList<Substitute> &substitutes)
 {
     const QString line = commandLine.trimmed();
-    if (line.startsWith('"')) {
-        const qsizetype close = line.indexOf('"', 1);
+    if (line.startsWith(u'"')) {
+        const qsizetype close = line.indexOf(u'"', 1);
         const QString program = findProgram(line.mid(1, close - 1));
         if (close > 0 && !program.isEmpty()) {
             return commandFor(program, line.sliced(close + 1).trimmed());
         }
         throw RuntimeError(ErrorNumber::FileNotFound);
     }
-    for (qsizetype end = line.indexOf(' ');; end = line.indexOf(' ', end + 1)) {
+    for (qsizetype end = line.indexOf(u' ');; end = line.indexOf(u' ', end + 1)) {
         const QString program = findProgram(end < 0 ? line : line.first(end));
         if (!program.isEmpty()) {
             return commandFor(program, end < 0 ? QString() : line.sliced(end + 1).trimmed());

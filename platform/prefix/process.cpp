@@ -12,6 +12,8 @@
 #include <csignal>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -70,7 +72,7 @@ std::unique_ptr<Process> SystemProcesses::start(const QString &commandLine, int 
 void SystemProcesses::openDocument(const QString &path)
 {
     const QString host = paths::toHost(path);
-    const QString opener = QStandardPaths::findExecutable("xdg-open"); // asks the desktop
+    const QString opener = QStandardPaths::findExecutable(u"xdg-open"_s); // asks the desktop
     if (!QFileInfo::exists(host) || opener.isEmpty() || !QProcess::startDetached(opener, {host})) {
         throw RuntimeError(ErrorNumber::FileNotFound);
     }

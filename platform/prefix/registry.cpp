@@ -2,6 +2,8 @@
 // The registry of the Wine prefix that the program lives in.
 #include "platform/registry.h"
 
+#include "platform/blind_to_case.h"
+#include "platform/files.h"
 #include "platform/paths.h"
 #include "platform/prefix/reg_file.h"
 #include "platform/prefix/wine_server.h"
@@ -11,14 +13,16 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
-#include <QSaveFile>
+
+using namespace Qt::StringLiterals;
 
 namespace
 {
 
 QString fileOf(RegistryHive hive)
 {
-    return paths::prefix() + (hive == RegistryHive::LocalMachine ? "/system.reg" : "/user.reg");
+    return paths::prefix() +
+           (hive == RegistryHive::LocalMachine ? u"/system.reg"_s : u"/user.reg"_s);
 }
 
 /// A missing file is an empty registry. One that breaks off is none at all: it would be written
@@ -39,36 +43,21 @@ QByteArray readFile(const QString &path)
 /// The keys a 32-bit program sees under the name it asks for, the first first.
 QStringList viewsOf(RegistryHive hive, const QString &key)
 {
-    const QString software = QStringLiteral("Software\\");
-    if (hive == RegistryHive::LocalMachine && key.startsWith(software, Qt::CaseInsensitive)) {
-        return {software + "Wow6432Node\\" + key.sliced(software.size()), key};
+    const QString software = u"Software\\"_s;
+    if (hive == RegistryHive::LocalMachine && blind_to_case::startsWith(key, software)) {
+        return {software + u"Wow6432Node\\"_s + key.sliced(software.size()), key};
     }
     return {key};
-}
-
-void replaceFile(const QString &path, const QByteArray &bytes)
-{
-    // A rename would get round a file that is read-only: it is opened first.
-    if (QFile old(path); old.exists() && !old.open(QIODevice::ReadWrite)) {
-        throw RuntimeError(ErrorNumber::PathFileAccess);
-    }
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly)) {
-        throw RuntimeError(ErrorNumber::PathFileAccess);
-    }
-    if (file.write(bytes) != bytes.size() || !file.commit()) {
-        throw RuntimeError(file.error() == QFileDevice::ResourceError ? ErrorNumber::DiskFull
-                                                                      : ErrorNumber::DeviceIoError);
-    }
 }
 
 /// Has Wine itself write, which holds the registry in memory while it runs.
 void addWithWine(RegistryHive hive, const QString &key, const QStringList &value)
 {
     constexpr int longestWait = 30'000; // milliseconds; a start-up must not hang on it
-    const QString root = hive == RegistryHive::LocalMachine ? "HKLM\\" : "HKCU\\";
+    const QString root = hive == RegistryHive::LocalMachine ? u"HKLM\\"_s : u"HKCU\\"_s;
     QProcess wine;
-    wine.start("wine", QStringList{"reg", "add", root + key} + value + QStringList{"/f"});
+    wine.start(u"wine"_s,
+               QStringList{u"reg"_s, u"add"_s, root + key} + value + QStringList{u"/f"_s});
     if (!wine.waitForFinished(longestWait) || wine.exitStatus() != QProcess::NormalExit ||
         wine.exitCode() != 0) {
         throw RuntimeError(ErrorNumber::PathFileAccess);
@@ -102,9 +91,9 @@ public:
     {
         const auto *text = std::get_if<QString>(&data);
         const QStringList forWine = {
-            "/v", name,
-            "/t", text != nullptr ? "REG_SZ" : "REG_DWORD",
-            "/d", text != nullptr ? *text : QString::number(std::get<std::uint32_t>(data))};
+            u"/v"_s, name,
+            u"/t"_s, text != nullptr ? u"REG_SZ"_s : u"REG_DWORD"_s,
+            u"/d"_s, text != nullptr ? *text : QString::number(std::get<std::uint32_t>(data))};
         change(hive, key, forWine, [&](RegFile &file, const QString &view, qint64 time) {
             file.setValue(view, name, data, time);
         });
@@ -146,7 +135,7 @@ private:
             addWithWine(hive, viewsOf(hive, key).first(), forWine);
             current(hive).file = file; // Wine itself saves only now and then
         } else {
-            replaceFile(path, file.bytes());
+            files::writeAll(path, file.bytes());
         }
     }
 

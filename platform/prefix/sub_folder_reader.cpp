@@ -72,7 +72,7 @@ SubFolderReader::~SubFolderReader() = default;
 void SubFolderReader::read(const QString &subFolder, const QString &name, FoundFile &found) const
 {
     // Nearly always the name is spelled as expected: then one call both finds and opens it.
-    if (readInto(found, d->folder.get(), QFile::encodeName(subFolder + '/' + name))) {
+    if (readInto(found, d->folder.get(), QFile::encodeName(subFolder + u'/' + name))) {
         found.name = name;
         return;
     }

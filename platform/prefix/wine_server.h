@@ -6,8 +6,8 @@
 
 /// Where the servers of Wine keep their sockets; a test has its own.
 struct WineServerPlaces {
-    QString temporary = QStringLiteral("/tmp");
-    QString perUser = QStringLiteral("/run/user");
+    QString temporary = QString::fromLatin1("/tmp");
+    QString perUser = QString::fromLatin1("/run/user");
 };
 
 /// Whether a Wine server of this prefix runs: then it, not the files, holds the registry.
