@@ -14,4 +14,11 @@ QString lower(QStringView text)
     return result;
 }
 
+QString plain(QStringView text)
+{
+    QString letters = lower(text).normalized(QString::NormalizationForm_D);
+    letters.removeIf([](QChar c) { return c.unicode() >= 0x300 && c.isMark(); });
+    return letters.replace(u'\u00F8', u'o'); // its stroke is no accent to Unicode, but to people
+}
+
 } // namespace blind_to_case

@@ -13,6 +13,9 @@ namespace blind_to_case
 /// Lower case, character for character: positions in the result are positions in the text.
 QString lower(QStringView text);
 
+/// Lower case without accents, to search in what people type in one way or the other.
+QString plain(QStringView text);
+
 /// Whether two texts are equal but for case.
 inline bool equal(QStringView text, QStringView other)
 {

@@ -1,102 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "platform/controls/list_box.h"
 
+#include "platform/controls/list_box_model.h"
 #include "platform/list_order.h"
 
-#include <QAbstractListModel>
-#include <QBitArray>
 #include <QFontMetrics>
 #include <QKeyEvent>
 #include <QStyledItemDelegate>
 
 #include <algorithm>
-
-class ListBoxModel : public QAbstractListModel
-{
-public:
-    using QAbstractListModel::QAbstractListModel;
-
-    int rowCount(const QModelIndex &parent = {}) const override
-    {
-        return parent.isValid() ? 0 : static_cast<int>(items.size());
-    }
-
-    QVariant data(const QModelIndex &index, int role) const override
-    {
-        if (role == Qt::DisplayRole) {
-            return items.value(index.row());
-        }
-        if (role == Qt::CheckStateRole && checkBoxes) {
-            return checked.testBit(index.row()) ? Qt::Checked : Qt::Unchecked;
-        }
-        return {};
-    }
-
-    bool setData(const QModelIndex &index, const QVariant &value, int role) override
-    {
-        if (role != Qt::CheckStateRole) {
-            return false;
-        }
-        setChecked(index.row(), index.row(), value.toInt() == Qt::Checked);
-        return true;
-    }
-
-    Qt::ItemFlags flags(const QModelIndex &index) const override
-    {
-        const Qt::ItemFlags flags = QAbstractListModel::flags(index) | Qt::ItemIsDragEnabled;
-        return checkBoxes ? flags | Qt::ItemIsUserCheckable : flags;
-    }
-
-    void replace(const QStringList &newItems)
-    {
-        beginResetModel();
-        items = newItems;
-        checked = QBitArray(items.size());
-        checkedCount = 0;
-        endResetModel();
-    }
-
-    /// Before an entry, whose check marks move along with it and all below.
-    void insert(int row, const QString &item)
-    {
-        beginInsertRows({}, row, row);
-        items.insert(row, item);
-        checked.resize(items.size());
-        for (qsizetype i = items.size() - 1; i > row; --i) {
-            checked.setBit(i, checked.testBit(i - 1));
-        }
-        checked.clearBit(row);
-        endInsertRows();
-    }
-
-    void remove(int row)
-    {
-        setChecked(row, row, false);
-        beginRemoveRows({}, row, row);
-        items.removeAt(row);
-        for (qsizetype i = row; i < items.size(); ++i) {
-            checked.setBit(i, checked.testBit(i + 1));
-        }
-        checked.resize(items.size());
-        endRemoveRows();
-    }
-
-    void setChecked(int first, int last, bool on)
-    {
-        for (int row = first; row <= last; ++row) {
-            if (checked.testBit(row) != on) {
-                checked.setBit(row, on);
-                checkedCount += on ? 1 : -1;
-            }
-        }
-        Q_EMIT dataChanged(index(first), index(last), {Qt::CheckStateRole});
-    }
-
-    QStringList items;
-    QBitArray checked;
-    int checkedCount = 0;
-    bool checkBoxes = false;
-};
 
 namespace
 {
@@ -136,12 +48,9 @@ protected:
 public:
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
     {
-        const auto longest = std::max_element(
-            m_model.items.begin(), m_model.items.end(),
-            [](const QString &a, const QString &b) { return a.size() < b.size(); });
         const QSize size = QStyledItemDelegate::sizeHint(option, index);
         const int extra =
-            option.fontMetrics.horizontalAdvance(longest->left(longestShown)) -
+            option.fontMetrics.horizontalAdvance(m_model.longest().left(longestShown)) -
             option.fontMetrics.horizontalAdvance(index.data().toString().left(longestShown));
         return {size.width() + std::max(extra, 0), size.height() + rowSpacing};
     }
@@ -169,27 +78,27 @@ ListBox::ListBox(QWidget *parent) : QListView(parent), m_model(new ListBoxModel(
 
 bool ListBox::checkBoxes() const
 {
-    return m_model->checkBoxes;
+    return m_model->hasCheckBoxes();
 }
 
 void ListBox::setCheckBoxes(bool on)
 {
-    m_model->checkBoxes = on;
+    m_model->setCheckBoxes(on);
 }
 
 int ListBox::count() const
 {
-    return m_model->rowCount();
+    return static_cast<int>(items().size());
 }
 
 QString ListBox::text(int index) const
 {
-    return m_model->items.value(index);
+    return items().value(index);
 }
 
 const QStringList &ListBox::items() const
 {
-    return m_model->items;
+    return m_model->items();
 }
 
 void ListBox::setItems(const QStringList &items)
@@ -198,7 +107,7 @@ void ListBox::setItems(const QStringList &items)
     if (m_sorted) {
         list_order::sort(ordered);
     }
-    m_model->replace(ordered);
+    m_model->setItems(ordered);
 }
 
 int ListBox::addItem(const QString &item)
@@ -215,7 +124,7 @@ void ListBox::removeItem(int index)
 
 bool ListBox::selected(int index) const
 {
-    return m_model->checked.testBit(index);
+    return m_model->isChecked(index);
 }
 
 void ListBox::setSelected(int index, bool on)
@@ -230,17 +139,28 @@ void ListBox::setSelected(int first, int last, bool on)
 
 int ListBox::selectedCount() const
 {
-    return m_model->checkedCount;
+    return m_model->checkedCount();
 }
 
 int ListBox::listIndex() const
 {
-    return currentIndex().row();
+    return m_model->entryOf(currentIndex());
 }
 
 void ListBox::setListIndex(int index)
 {
-    setCurrentIndex(index < 0 ? QModelIndex() : m_model->index(index));
+    setCurrentIndex(m_model->rowOf(index));
+}
+
+void ListBox::setFilter(const QString &words)
+{
+    const int entry = listIndex();
+    const bool highlighted = isHighlighted();
+    setListIndex(-1); // nobody would be told of a current entry that goes with the rows
+    m_model->setFilter(words);
+    selectionModel()->setCurrentIndex(m_model->rowOf(entry),
+                                      highlighted ? QItemSelectionModel::SelectCurrent
+                                                  : QItemSelectionModel::NoUpdate);
 }
 
 bool ListBox::isHighlighted() const

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The classic list box: a column of texts with a current entry and, on demand, check marks.
+// The classic list box: a column of texts with a current entry and, on demand, check marks or a
+// filter.
 #pragma once
 
 #include <QListView>
@@ -42,6 +43,11 @@ public:
 
     int listIndex() const; ///< the current entry, -1 for none
     void setListIndex(int index);
+
+    /// Shows only the entries that hold all of these words, in any order, blind to case and
+    /// accents; no words show all. Every index means the entry all the same, shown or not; but an
+    /// entry that is not shown cannot be the current one.
+    void setFilter(const QString &words);
 
     /// Whether the current entry is shown as selected: one that only has the focus is not.
     bool isHighlighted() const;

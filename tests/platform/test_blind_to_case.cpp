@@ -9,6 +9,7 @@ class TestBlindToCase : public QObject
 
 private Q_SLOTS:
     void lowerKeepsEveryPosition();
+    void plainTextHasNeitherCaseNorAccents();
     void textsAreEqualButForCase();
     void bytesAreEqualButForTheCaseOfAscii();
     void beginningIsFoundWhateverItsCase();
@@ -20,6 +21,15 @@ void TestBlindToCase::lowerKeepsEveryPosition()
     QCOMPARE(blind_to_case::lower(u"\u00C9\u00DC\u0178\u00DF"), u"\u00E9\u00FC\u00FF\u00DF");
     QCOMPARE(blind_to_case::lower(u"\u0130x").size(),
              2); // the dotted I, longer when lowered as a word
+}
+
+void TestBlindToCase::plainTextHasNeitherCaseNorAccents()
+{
+    QCOMPARE(blind_to_case::plain(u"Boeing 737-400 @[`{~"), "boeing 737-400 @[`{~");
+    QCOMPARE(blind_to_case::plain(u"\u00C9\u00E9\u00D1\u00FC\u0178\u017D\u00D8\u00F8\u00E5"),
+             "eenuyzooa");
+    QCOMPARE(blind_to_case::plain(u"e\u0301 E\u0308\u0323"), "e e"); // accents of their own
+    QCOMPARE(blind_to_case::plain(u"\u00DF\u98DB"), QStringView(u"\u00DF\u98DB")); // letters stay
 }
 
 void TestBlindToCase::textsAreEqualButForCase()
