@@ -23,9 +23,7 @@ constexpr uid_t nobody = 65534;
 } // namespace
 
 Sandbox::Sandbox()
-    : m_oldPrefix(qgetenv("WINEPREFIX")),
-      m_hadPrefix(qEnvironmentVariableIsSet("WINEPREFIX")),
-      m_oldDirectory(QDir::currentPath())
+    : m_prefix("WINEPREFIX", QFile::encodeName(m_dir.path())), m_oldDirectory(QDir::currentPath())
 {
     const QDir dir(m_dir.path());
     if (!m_dir.isValid() || !dir.mkpath("drive_c/windows/system32") ||
@@ -34,18 +32,12 @@ Sandbox::Sandbox()
     }
     QFile::link("../drive_c", dir.filePath("dosdevices/c:"));
     QFile::link("/", dir.filePath("dosdevices/z:"));
-    qputenv("WINEPREFIX", QFile::encodeName(m_dir.path()));
     QDir::setCurrent(host("C:\\Morlen"));
 }
 
 Sandbox::~Sandbox()
 {
     QDir::setCurrent(m_oldDirectory);
-    if (m_hadPrefix) {
-        qputenv("WINEPREFIX", m_oldPrefix);
-    } else {
-        qunsetenv("WINEPREFIX");
-    }
     // A test may have left folders that cannot be read, which could not be removed either.
     QDirIterator folders(m_dir.path(), QDir::Dirs | QDir::NoDotAndDotDot | QDir::NoSymLinks,
                          QDirIterator::Subdirectories);

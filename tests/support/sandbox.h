@@ -2,7 +2,8 @@
 // A Wine prefix of the test's own: drives, files, a current directory. Never the user's.
 #pragma once
 
-#include <QByteArray>
+#include "tests/support/environment.h"
+
 #include <QString>
 #include <QTemporaryDir>
 
@@ -35,8 +36,7 @@ public:
 
 private:
     QTemporaryDir m_dir;
-    QByteArray m_oldPrefix;
-    bool m_hadPrefix;
+    Environment m_prefix;
     QString m_oldDirectory;
 };
 

@@ -5,6 +5,7 @@
 #include "app/services/suite_registry.h"
 #include "platform/prefix/host_command.h"
 #include "platform/prefix/wine_server.h"
+#include "tests/support/environment.h"
 #include "tests/support/fakes.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/steps.h"
@@ -17,10 +18,9 @@
 #include <QStringDecoder>
 #include <QtTest>
 
+#include <list>
 #include <memory>
 #include <optional>
-#include <utility>
-#include <vector>
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -43,29 +43,6 @@ const QStringList oddTexts = {R"("C:\a b\" \\server\x\)",
                               "[a] @=#;';=dword:1, $(x) `y`",
                               "/f",
                               ""};
-
-/// Environment variables that are put back at the end.
-class Environment
-{
-public:
-    ~Environment()
-    {
-        for (const auto &[name, value] : m_old) {
-            value ? qputenv(name, *value) : qunsetenv(name);
-        }
-    }
-
-    void set(const char *name, std::optional<QByteArray> value)
-    {
-        m_old.emplace_back(name, qEnvironmentVariableIsSet(name)
-                                     ? std::optional<QByteArray>(qgetenv(name))
-                                     : std::nullopt);
-        value ? qputenv(name, *value) : qunsetenv(name);
-    }
-
-private:
-    std::vector<std::pair<const char *, std::optional<QByteArray>>> m_old;
-};
 
 /// Runs a program to its end. Returns what it printed; nothing when it failed.
 std::optional<QString> run(const QString &program, const QStringList &arguments)
@@ -190,7 +167,7 @@ private Q_SLOTS:
 
 private:
     QByteArray fileOf(const QString &name) const;
-    std::unique_ptr<Environment> m_environment;
+    std::list<Environment> m_environment;
     std::unique_ptr<Sandbox> m_sandbox;
 };
 
@@ -202,14 +179,13 @@ void TestWinePrefix::initTestCase()
         }
     }
     m_sandbox = std::make_unique<Sandbox>();
-    m_environment = std::make_unique<Environment>();
-    m_environment->set("HOME", QFile::encodeName(m_sandbox->host("C:\\Home")));
-    m_environment->set("TMPDIR", QFile::encodeName(m_sandbox->host("C:\\Home")));
-    m_environment->set("LC_ALL", "C.UTF-8");
-    m_environment->set("WINEDEBUG", "-all");
-    m_environment->set("WINEDLLOVERRIDES", "mscoree,mshtml=;winemenubuilder.exe=d");
-    m_environment->set("DISPLAY", std::nullopt);
-    m_environment->set("WAYLAND_DISPLAY", std::nullopt);
+    m_environment.emplace_back("HOME", QFile::encodeName(m_sandbox->host("C:\\Home")));
+    m_environment.emplace_back("TMPDIR", QFile::encodeName(m_sandbox->host("C:\\Home")));
+    m_environment.emplace_back("LC_ALL", "C.UTF-8");
+    m_environment.emplace_back("WINEDEBUG", "-all");
+    m_environment.emplace_back("WINEDLLOVERRIDES", "mscoree,mshtml=;winemenubuilder.exe=d");
+    m_environment.emplace_back("DISPLAY", QByteArray());
+    m_environment.emplace_back("WAYLAND_DISPLAY", QByteArray());
     m_sandbox->makeFolder("C:\\Home");
 
     systemRegistry()->setValue(user, "Software\\Early", "A", QString("b"));
@@ -223,7 +199,7 @@ void TestWinePrefix::cleanupTestCase()
 {
     if (m_sandbox) {
         run("wineserver", {"-k"}); // fails when none is left
-        m_environment.reset();
+        m_environment.clear();
         m_sandbox.reset();
     }
 }

@@ -1,14 +1,11 @@
 // SPDX-License-Identifier: MIT
-// Real child processes: what they get, what they leave, and which program a command line means.
-#include "platform/prefix/host_command.h"
-
-#include "app/services/notepad_substitutes.h"
+// Real child processes: what they get, and what they leave.
 #include "app/services/services.h"
 #include "platform/host.h"
 #include "platform/paths.h"
 #include "tests/support/failure.h"
 #include "tests/support/fakes.h"
-#include "tests/support/sandbox.h"
+#include "tests/support/programs.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -25,69 +22,6 @@
 
 namespace
 {
-
-const QByteArray anyProgram = "#!/bin/sh\n";
-const QString out = QStringLiteral("C:\\Bin\\out");
-
-/// Programs of a sandbox, the only ones on the PATH.
-class Programs
-{
-public:
-    Programs() : m_oldPath(qgetenv("PATH"))
-    {
-        sandbox.makeFolder("C:\\Path");
-        sandbox.makeFolder("C:\\Bin");
-        qputenv("PATH", QFile::encodeName(sandbox.host("C:\\Path")));
-        qputenv("OUT", QFile::encodeName(sandbox.host(out)));
-    }
-
-    ~Programs()
-    {
-        qputenv("PATH", m_oldPath);
-        qunsetenv("OUT");
-    }
-
-    Programs(const Programs &) = delete;
-    Programs &operator=(const Programs &) = delete;
-
-    /// Makes an executable file; without "#!" it is no shell script.
-    void add(const QString &path, const QByteArray &content = anyProgram) const
-    {
-        sandbox.write(path, content);
-        QFile::setPermissions(sandbox.host(path),
-                              QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    }
-
-    /// Makes a shell script.
-    void addScript(const QString &path, const QByteArray &lines) const
-    {
-        add(path, anyProgram + lines + '\n');
-    }
-
-    /// What a command line means: the program and its arguments, the sandbox's paths on the host
-    /// shortened to "c:/...".
-    QStringList resolved(const QString &commandLine) const
-    {
-        const HostCommand command = resolveCommand(commandLine, notepadSubstitutes());
-        QStringList words = QStringList(command.program) + command.arguments;
-        for (QString &word : words) {
-            const QString host = QFileInfo(word).absoluteFilePath();
-            for (const QString &drive :
-                 {sandbox.prefix() + "/drive_c/", sandbox.prefix() + "/dosdevices/c:/"}) {
-                if (QDir::isAbsolutePath(word) && host.startsWith(drive)) {
-                    word = "c:/" + host.sliced(drive.size());
-                }
-            }
-        }
-        return words;
-    }
-
-    Sandbox sandbox;
-    SystemProcesses processes{notepadSubstitutes()};
-
-private:
-    QByteArray m_oldPath;
-};
 
 /// A pipe with a name: a child reads from it until the test lets it go on.
 class Gate
@@ -145,23 +79,11 @@ private Q_SLOTS:
     void exitCodeIs259WhileTheChildRuns();
     void restOfTheLineIsOneArgument_data();
     void restOfTheLineIsOneArgument();
-    void windowsPathReachesANativeProgramAsTheHosts();
-    void programPathMayHoldBlanks_data();
-    void programPathMayHoldBlanks();
-    void shortestLeadingPartThatIsAProgramIsTaken();
     void childRunsInTheCurrentDirectory();
     void missingProgramFails_data();
     void missingProgramFails();
     void fileThatCannotBeRunFails_data();
     void fileThatCannotBeRunFails();
-    void programIsLookedForInSystemFoldersThenOnThePath();
-    void currentDirectoryIsNotSearched();
-    void windowsProgramRunsWithWine();
-    void windowsProgramWithoutWineFails();
-    void notepadOfTheSystemIsTaken();
-    void editorStandsInForNotepad_data();
-    void editorStandsInForNotepad();
-    void noNotepadAndNoEditorFails();
     void finishedChildLeavesNothingOver();
     void droppedChildRunsOn();
     void droppedChildLeavesNothingOver();
@@ -236,47 +158,7 @@ void TestProcess::restOfTheLineIsOneArgument()
     programs.addScript("C:\\Bin\\tool", "printf '%s|' $# \"$@\" > \"$OUT\"");
     const auto child = programs.processes.start("C:\\Bin\\tool" + rest, 1);
     QTRY_COMPARE(child->exitCode(), 0);
-    QCOMPARE(programs.sandbox.read(out), arguments);
-}
-
-void TestProcess::windowsPathReachesANativeProgramAsTheHosts()
-{
-    Programs programs;
-    programs.sandbox.write("C:\\My Files\\Set; $(x).txt", "");
-    programs.add("C:\\Bin\\tool");
-    QCOMPARE(programs.resolved("C:\\Bin\\tool c:\\my files\\SET; $(x).txt"),
-             (QStringList{"c:/Bin/tool", "c:/My Files/Set; $(x).txt"}));
-}
-
-void TestProcess::programPathMayHoldBlanks_data()
-{
-    QTest::addColumn<QString>("line");
-    QTest::addColumn<QStringList>("words");
-    const QString tool = "c:/My Tools/a b; $(c).exe";
-    QTest::newRow("alone") << "C:\\My Tools\\a b; $(c).exe" << QStringList{tool};
-    QTest::newRow("argument") << "C:\\My Tools\\a b; $(c).exe x y" << QStringList{tool, "x y"};
-    QTest::newRow("quoted") << "\"C:\\My Tools\\a b; $(c).exe\"" << QStringList{tool};
-    QTest::newRow("quoted, argument")
-        << "  \"C:\\My Tools\\a b; $(c).exe\"  \"x\" y " << QStringList{tool, "\"x\" y"};
-    QTest::newRow("other case") << "c:\\MY TOOLS\\A B; $(C).EXE x" << QStringList{tool, "x"};
-}
-
-void TestProcess::programPathMayHoldBlanks()
-{
-    QFETCH(QString, line);
-    QFETCH(QStringList, words);
-    const Programs programs;
-    programs.add("C:\\My Tools\\a b; $(c).exe");
-    QCOMPARE(programs.resolved(line), words);
-}
-
-void TestProcess::shortestLeadingPartThatIsAProgramIsTaken()
-{
-    const Programs programs;
-    programs.add("C:\\Bin\\a");
-    programs.add("C:\\Bin\\a b");
-    QCOMPARE(programs.resolved("C:\\Bin\\a b c"), (QStringList{"c:/Bin/a", "b c"}));
-    QCOMPARE(programs.resolved("\"C:\\Bin\\a b\" c"), (QStringList{"c:/Bin/a b", "c"}));
+    QCOMPARE(programs.sandbox.read(programs.out), arguments);
 }
 
 void TestProcess::childRunsInTheCurrentDirectory()
@@ -288,7 +170,7 @@ void TestProcess::childRunsInTheCurrentDirectory()
     const auto child = programs.processes.start("C:\\Bin\\tool", 1);
     QTRY_COMPARE(child->exitCode(), 0);
     const QString folder = QFileInfo(programs.sandbox.host("C:\\My Work")).canonicalFilePath();
-    QCOMPARE(programs.sandbox.read(out), folder.toUtf8() + '\n');
+    QCOMPARE(programs.sandbox.read(programs.out), folder.toUtf8() + '\n');
 }
 
 void TestProcess::missingProgramFails_data()
@@ -328,99 +210,13 @@ void TestProcess::fileThatCannotBeRunFails()
 {
     QFETCH(bool, executable);
     Programs programs;
-    programs.add("C:\\Bin\\tool", executable ? "exit 0\n" : anyProgram);
+    programs.add("C:\\Bin\\tool", executable ? "exit 0\n" : "#!/bin/sh\n");
     if (!executable) {
         QVERIFY(QFile::setPermissions(programs.sandbox.host("C:\\Bin\\tool"), QFile::ReadOwner));
     }
     QCOMPARE(failureOf([&] { programs.processes.start("C:\\Bin\\tool", 1); }),
              QString("75 Path/File access error"));
     QVERIFY(!hasChild());
-}
-
-void TestProcess::programIsLookedForInSystemFoldersThenOnThePath()
-{
-    const Programs programs;
-    programs.add("C:\\Path\\tool");
-    QCOMPARE(programs.resolved("tool x"), (QStringList{"c:/Path/tool", "x"}));
-    programs.add("C:\\windows\\TOOL");
-    QCOMPARE(programs.resolved("tool x"), (QStringList{"c:/windows/TOOL", "x"}));
-    programs.add("C:\\windows\\system32\\Tool");
-    QCOMPARE(programs.resolved("tool x"), (QStringList{"c:/windows/system32/Tool", "x"}));
-}
-
-void TestProcess::currentDirectoryIsNotSearched()
-{
-    const Programs programs;
-    programs.add("C:\\Morlen\\tool");
-    QCOMPARE(paths::currentDirectory(), QString("C:\\Morlen"));
-    QCOMPARE(failureOf([&] { programs.resolved("tool"); }), QString("53 File not found"));
-}
-
-void TestProcess::windowsProgramRunsWithWine()
-{
-    const Programs programs;
-    programs.add("C:\\Path\\wine");
-    programs.sandbox.write("C:\\TTools\\TTools.exe", "MZ\x90"); // needs no right to run
-    QCOMPARE(programs.resolved("C:\\TTools\\ttools.exe"),
-             (QStringList{"c:/Path/wine", "c:/TTools/TTools.exe"}));
-    // Its argument is for Windows: it stays as it is.
-    QCOMPARE(programs.resolved("C:\\TTools\\ttools.exe C:\\my set.txt"),
-             (QStringList{"c:/Path/wine", "c:/TTools/TTools.exe", "C:\\my set.txt"}));
-}
-
-void TestProcess::windowsProgramWithoutWineFails()
-{
-    const Programs programs;
-    programs.add("C:\\TTools\\TTools.exe", "MZ\x90");
-    QCOMPARE(failureOf([&] { programs.resolved("C:\\TTools\\TTools.exe"); }),
-             QString("53 File not found"));
-}
-
-void TestProcess::notepadOfTheSystemIsTaken()
-{
-    const Programs programs;
-    programs.add("C:\\Path\\gedit");
-    programs.add("C:\\Path\\wine");
-    programs.sandbox.write("C:\\windows\\notepad.exe", "MZ\x90");
-    for (const char *name : {"NOTEPAD.EXE", "Notepad"}) { // the ending may be left out
-        QCOMPARE(programs.resolved(QString(name) + " C:\\my set.txt"),
-                 (QStringList{"c:/Path/wine", "c:/windows/notepad.exe", "C:\\my set.txt"}));
-    }
-}
-
-void TestProcess::editorStandsInForNotepad_data()
-{
-    QTest::addColumn<QStringList>("editors");
-    QTest::addColumn<QStringList>("words");
-    const QString set = "c:/TTools/my set.txt";
-    QTest::newRow("mousepad") << QStringList{"mousepad"}
-                              << QStringList{"c:/Path/mousepad", "--disable-server", set};
-    QTest::newRow("gedit") << QStringList{"gedit"}
-                           << QStringList{"c:/Path/gedit", "--standalone", "--wait", set};
-    QTest::newRow("kate") << QStringList{"kate"} << QStringList{"c:/Path/kate", "--block", set};
-    QTest::newRow("leafpad") << QStringList{"leafpad"} << QStringList{"c:/Path/leafpad", set};
-    QTest::newRow("first of several")
-        << QStringList{"leafpad", "kate", "kwrite"} << QStringList{"c:/Path/kate", "--block", set};
-}
-
-void TestProcess::editorStandsInForNotepad()
-{
-    QFETCH(QStringList, editors);
-    QFETCH(QStringList, words);
-    const Programs programs;
-    programs.sandbox.write("C:\\TTools\\my set.txt", "");
-    for (const QString &editor : editors) {
-        programs.add("C:\\Path\\" + editor);
-    }
-    QCOMPARE(programs.resolved("NOTEPAD.EXE C:\\TTools\\my set.txt"), words);
-    QCOMPARE(programs.resolved("Notepad C:\\TTools\\my set.txt"), words);
-}
-
-void TestProcess::noNotepadAndNoEditorFails()
-{
-    const Programs programs;
-    QCOMPARE(failureOf([&] { programs.resolved("NOTEPAD.EXE C:\\a.txt"); }),
-             QString("53 File not found"));
 }
 
 void TestProcess::finishedChildLeavesNothingOver()
@@ -439,10 +235,10 @@ void TestProcess::droppedChildRunsOn()
     const Gate gate(programs.sandbox.host("C:\\Bin\\gate"));
     programs.addScript("C:\\Bin\\tool", gate.wait() + "echo done > \"$OUT\"");
     programs.processes.start("C:\\Bin\\tool", 1).reset();
-    QVERIFY(hasChild() && !programs.sandbox.exists(out));
+    QVERIFY(hasChild() && !programs.sandbox.exists(programs.out));
     QVERIFY(gate.open());
     QTRY_VERIFY(!hasChild());
-    QCOMPARE(programs.sandbox.read(out), QByteArray("done\n"));
+    QCOMPARE(programs.sandbox.read(programs.out), QByteArray("done\n"));
 }
 
 void TestProcess::droppedChildLeavesNothingOver()
@@ -472,7 +268,7 @@ void TestProcess::waitEndsWithTheChild()
     // Only a window that lives while waiting can let the child go on.
     QTimer::singleShot(0, this, [&] { QVERIFY(gate.open()); });
     QVERIFY(real.services.shell.Shellandwait("C:\\Bin\\tool a; $(b)", 0, 1));
-    QCOMPARE(programs.sandbox.read(out), QByteArray("a; $(b)"));
+    QCOMPARE(programs.sandbox.read(programs.out), QByteArray("a; $(b)"));
     QVERIFY(!hasChild());
 }
 
@@ -497,10 +293,10 @@ void TestProcess::quittingWhileAChildRunsEndsTheWaitAndLeavesTheChild()
     QTimer::singleShot(0, this, [&] { real.services.state.ended = true; });
     QVERIFY(!real.services.shell.Shellandwait("C:\\Bin\\tool", 0, 1));
     QCOMPARE(real.fakes.dialogs.boxes.size(), 0);
-    QVERIFY(hasChild() && !programs.sandbox.exists(out));
+    QVERIFY(hasChild() && !programs.sandbox.exists(programs.out));
     QVERIFY(gate.open());
     QTRY_VERIFY(!hasChild());
-    QVERIFY(programs.sandbox.exists(out));
+    QVERIFY(programs.sandbox.exists(programs.out));
 }
 
 void TestProcess::missingProgramIsReportedByTheWait()
@@ -521,8 +317,8 @@ void TestProcess::documentIsOpenedAsAFile()
                                              "/bin/mv \"$OUT.part\" \"$OUT\"");
     QVERIFY(QDir::setCurrent("/"));
     programs.processes.openDocument("c:\\morlen\\docs\\my #1 %20 help.htm");
-    QTRY_VERIFY(programs.sandbox.exists(out));
-    const QList<QByteArray> words = programs.sandbox.read(out).split('|');
+    QTRY_VERIFY(programs.sandbox.exists(programs.out));
+    const QList<QByteArray> words = programs.sandbox.read(programs.out).split('|');
     QCOMPARE(words.value(0), QByteArray("1"));
     QCOMPARE(QFileInfo(QFile::decodeName(words.value(1))).canonicalFilePath(),
              QFileInfo(programs.sandbox.host("C:\\Morlen\\Docs\\My #1 %20 help.htm"))
