@@ -175,7 +175,7 @@ void DirListBox::openEntry(const QModelIndex &entry)
 {
     const QString folder =
         m_model->isOpened(entry)
-            ? m_model->opened.first(entry.row() + 1).join(u'\\').replace("\\\\"_L1, "\\"_L1)
+            ? m_model->opened.first(entry.row() + 1).join(u'\\').replace(R"(\\)"_L1, R"(\)"_L1)
             : paths::join(m_path, entry.data().toString());
     try {
         setPath(folder);

@@ -6,13 +6,14 @@
 #include "platform/runtime_error.h"
 
 #include <QDir>
-#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
 
+#include <memory>
 #include <optional>
 
+#include <dirent.h>
 #include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
@@ -56,11 +57,13 @@ bool existsOnHost(const QString &path)
 /// The name in a host folder that equals `name` blind to case; `name` itself when there is none.
 QString nameOnDisk(const QString &folder, const QString &name)
 {
-    QDirIterator entries(folder, QDir::AllEntries | QDir::Hidden | QDir::System);
-    while (entries.hasNext()) {
-        entries.next();
-        if (blind_to_case::equal(entries.fileName(), name)) {
-            return entries.fileName();
+    // The system's own calls: a folder of thousands is looked through for each misspelled name.
+    const std::unique_ptr<DIR, int (*)(DIR *)> entries(
+        ::opendir(QFile::encodeName(folder).constData()), ::closedir);
+    while (const dirent *entry = entries ? ::readdir(entries.get()) : nullptr) {
+        const QString found = QFile::decodeName(entry->d_name);
+        if (blind_to_case::equal(found, name)) {
+            return found;
         }
     }
     return name;
