@@ -13,7 +13,7 @@ from contextlib import closing
 from pathlib import Path
 from typing import NamedTuple
 
-from names import COUNTRIES, LETTERS, PROVINCES, SIMULATOR_CODES
+from names import CODE_LETTERS, COUNTRIES, ELEVATIONS, LETTERS, PROVINCES, SIMULATOR_CODES
 
 MOST_LINES = 24000
 LONGEST_ENTRY = 35
@@ -30,7 +30,9 @@ SELECT_LAND_AIRPORTS = """
 CODE = re.compile(r"[A-Z0-9]{4}")
 LETTERS_ONLY = re.compile(r"[A-Z]{4}")
 # A few records are no airport by their name, whatever their type says.
-NO_AIRPORT = re.compile(r"\b(?:heliport|helipad|duplicate)\b", re.IGNORECASE)
+NO_AIRPORT = re.compile(r"\b(?:heliport|helipad|duplicate)\b|\(closed\b", re.IGNORECASE)
+# A description where the city should stand.
+NO_CITY = re.compile(r"\bairfield in the\b", re.IGNORECASE)
 
 ASIDE = re.compile(r"\s*\([^)]*\)|\s+[/-]\s.*|,.*")
 NAME_START = re.compile(r"^(?:(?:Aérodrome|Altiport|Aeródromo)\s+(?:de\s+|d')?|RAAF\s+(?:Base\s+)?|RNZAF\s+Base\s+)")
@@ -78,7 +80,9 @@ def is_listed(airport: Airport) -> bool:
     """Whether the list has room for the airport."""
     if not CODE.fullmatch(airport.code) or NO_AIRPORT.search(airport.name):
         return False
-    return bool(LETTERS_ONLY.fullmatch(airport.code)) or (airport.longest_runway_feet or 0) >= SHORTEST_RUNWAY_FEET
+    if LETTERS_ONLY.fullmatch(airport.code):
+        return airport.code[0] in CODE_LETTERS.get(airport.country_code, airport.code)
+    return (airport.longest_runway_feet or 0) >= SHORTEST_RUNWAY_FEET
 
 
 def in_code_page(character: str) -> str:
@@ -121,7 +125,7 @@ def airport_entry(code: str, airport: Airport) -> str:
             code,
             coordinate(airport.latitude, "N", "S"),
             coordinate(airport.longitude, "E", "W"),
-            str(airport.elevation_feet or 0),
+            str(ELEVATIONS.get(airport.code, airport.elevation_feet or 0)),
         )
     )
     if len(entry) > LONGEST_ENTRY:
@@ -138,7 +142,7 @@ def make_line(airport: Airport) -> Line:
         country=clean(COUNTRIES.get(airport.country_code, airport.country)),
         province=PROVINCES[airport.province_code or ""] if divided else "",
         name=name,
-        city=clean(airport.city or "") or place_in(name),
+        city=clean("" if NO_CITY.search(airport.city or "") else airport.city or "") or place_in(name),
         code=code,
         entry=airport_entry(code, airport),
     )

@@ -12,6 +12,12 @@ COUNTRIES: dict[str, str] = {
     "UM": "U.S. Minor Outlying Islands",
 }
 
+# What a four-letter code of the country begins with: others are slips of the source.
+CODE_LETTERS: dict[str, str] = {"AU": "Y", "US": "KP"}
+
+# Feet, where the source is wrong.
+ELEVATIONS: dict[str, int] = {"HECA": 382}
+
 # Only these three countries are divided further.
 PROVINCES: dict[str, str] = {
     "AU-ACT": "Australian Capital Territory",

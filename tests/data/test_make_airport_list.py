@@ -65,15 +65,16 @@ class Building(unittest.TestCase):
 
     def test_a_replaced_code_may_not_stand_twice(self) -> None:
         with self.assertRaises(ValueError):
-            maker.make_list([airport(code="FAOR"), airport(code="FAJS")])
+            maker.make_list([airport(code=code, country="South Africa", country_code="ZA") for code in ("FAOR", "FAJS")])
 
     def test_the_list_has_a_greatest_length(self) -> None:
         letters = "ABCDEFGHIJKLMNOPQRSTUVWXYZ"
         codes = ["".join((a, b, c, d)) for a in letters[:2] for b in letters for c in letters for d in letters]
-        fitting = [airport(code=code) for code in codes[: maker.MOST_LINES]]
+        elsewhere = {"country": "Greenland", "country_code": "GL"}
+        fitting = [airport(code=code, **elsewhere) for code in codes[: maker.MOST_LINES]]
         self.assertEqual(maker.make_list(fitting).count(b"\r\n"), maker.MOST_LINES)
         with self.assertRaises(ValueError):
-            maker.make_list([*fitting, airport(code="ZZZZ")])
+            maker.make_list([*fitting, airport(code="ZZZZ", **elsewhere)])
 
     def test_fields_hold_nothing_that_breaks_a_line(self) -> None:
         self.assertEqual(maker.clean(" G\u00fceppi\u00ad\t|\u00a0 Field\r\n"), "G\u00fceppi / Field")
@@ -93,6 +94,26 @@ class Building(unittest.TestCase):
             ("Airport", "Airport"),
         ):
             self.assertEqual(maker.place_in(name), place)
+
+
+    def test_a_description_in_place_of_a_city_counts_as_missing(self) -> None:
+        line = maker.make_line(airport(name="Kyabram Airport", city="Private Airfield in the Shire of Campaspe"))
+        self.assertEqual(line.city, "Kyabram")
+        self.assertEqual(maker.make_line(airport(city="Lake in the Hills")).city, "Lake in the Hills")
+
+    def test_closed_airports_and_foreign_codes_are_left_out(self) -> None:
+        self.assertTrue(maker.is_listed(airport()))
+        for changes in (
+            {"name": "Piquet Airport (Closed?)"},
+            {"name": "Old Field (closed)"},
+            {"code": "BUTL"},
+            {"code": "OZKL", "country_code": "AU"},
+        ):
+            self.assertFalse(maker.is_listed(airport(**changes)), changes)
+        self.assertTrue(maker.is_listed(airport(code="BUTL", country_code="GL")))
+
+    def test_a_wrong_height_of_the_source_is_put_right(self) -> None:
+        self.assertTrue(maker.make_line(airport(code="HECA", country_code="EG")).entry.endswith(",382"))
 
 
 class ShippedList(unittest.TestCase):
@@ -134,6 +155,9 @@ class ShippedList(unittest.TestCase):
             self.assertEqual(match[1], line[4])
             self.assertLessEqual(len(line[5]), maker.LONGEST_ENTRY)
 
+    def test_no_airport_is_closed(self) -> None:
+        self.assertEqual([line for line in self.lines if "closed" in line[2].lower()], [])
+
     def test_no_code_stands_twice(self) -> None:
         self.assertEqual(len(set(self.codes)), len(self.codes))
 
@@ -164,6 +188,8 @@ class ShippedList(unittest.TestCase):
             "United States|Washington|Seattle\u2013Tacoma International Airport|Seattle|KSEA"
             "|KSEA,N47* 26.88',W122* 18.62',433",
             "South Africa||O.R. Tambo International Airport|Johannesburg|FAJS|FAJS,S26* 08.40',E28* 14.81',5558",
+            "Egypt||Cairo International Airport|Cairo|HECA|HECA,N30* 06.69',E31* 23.80',382",
+            "Australia|Victoria|Kyabram Airport|Kyabram|YKYB|YKYB,S36* 19.95',E144* 58.32',340",
             "Netherlands||Amsterdam Airport Schiphol|Amsterdam|EHAM|EHAM,N52* 18.52',E04* 45.83',-11",
         ):
             self.assertTrue(wanted in lines, wanted)
