@@ -18,6 +18,6 @@ struct TitleMatch {
 /// For each existing line in order, the first entry not yet used that contains its title
 /// (case-sensitive, anywhere in the entry). A line of fewer than 10 characters ends the matching.
 ///
-/// The result is that of searching every entry for every line, but each text is read only a few
-/// times: the effort grows with the texts' length, not with lines times entries.
+/// The result is that of searching every entry for every line, but the effort grows with the texts'
+/// length, not with lines times entries (see TextFinder).
 TitleMatch matchTitles(const QStringList &existingLines, const QStringList &available);

@@ -25,12 +25,10 @@ const QString applicationTitle = QStringLiteral("Morlen Utilities");
 const QString fileErrorTitle = QStringLiteral("Airport Text File Error");
 constexpr qsizetype pathLimit = 50;    // characters of a path that are shown
 constexpr qsizetype setPathLimit = 60; // the same, of a new set's file
-constexpr int expectedLines = 24'000;  // of the master list
-constexpr int linesPerStep = 50;       // of the progress: telling each line took as long as reading
 
-bool isBrowsedByProvince(const QString &country)
+QString selectedText(const ListBox &list)
 {
-    return country == "Australia" || country == "United States" || country == "Canada";
+    return list.text(list.listIndex());
 }
 
 } // namespace
@@ -39,7 +37,8 @@ AirportLoaderPage::AirportLoaderPage(Services &services, QWidget *parent)
     : QWidget(parent),
       m_services(services),
       m_state(services.state),
-      ui(std::make_unique<Ui::AirportLoaderPage>())
+      ui(std::make_unique<Ui::AirportLoaderPage>()),
+      m_browser(*ui, services.errors)
 {
     ui->setupUi(this);
     ui->Tab1List1->setDropPartner(ui->Tab1List2);
@@ -49,30 +48,29 @@ AirportLoaderPage::AirportLoaderPage(Services &services, QWidget *parent)
         hidden->hide();
     }
     showFilePrompt();
-    connectControls();
     addListActions();
-}
-
-AirportLoaderPage::~AirportLoaderPage() = default;
-
-void AirportLoaderPage::connectControls()
-{
     using Page = AirportLoaderPage;
+    using Browser = AirportBrowser;
     connect(ui->Tab1cmdBrowse, &QPushButton::clicked, this, &Page::Tab1cmdBrowse_Click);
     connect(ui->Tab1cmdEdit, &QPushButton::clicked, this, &Page::Tab1cmdEdit_Click);
-    connect(ui->Tab1cmdPrevious, &QPushButton::clicked, this, &Page::Tab1cmdPrevious_Click);
+    connect(ui->Tab1cmdPrevious, &QPushButton::clicked, &m_browser,
+            &Browser::Tab1cmdPrevious_Click);
     connect(ui->Tab1cmdReset, &QPushButton::clicked, this, &Page::Tab1cmdReset_Click);
     connect(ui->Tab1cmdCreateFile, &QPushButton::clicked, this, &Page::Tab1cmdCreateFile_Click);
     connect(ui->Tab1Command2, &QPushButton::clicked, this, &Page::Tab1Command2_Click);
-    connect(ui->Tab1optName, &QRadioButton::clicked, this, &Page::sortOption_Click);
-    connect(ui->Tab1optICAO, &QRadioButton::clicked, this, &Page::sortOption_Click);
-    connect(ui->Tab1List1, &ListBox::entryDoubleClicked, this, &Page::Tab1List1_DblClick);
+    connect(ui->Tab1optName, &QRadioButton::clicked, &m_browser, &Browser::Tab1optName_Click);
+    connect(ui->Tab1optICAO, &QRadioButton::clicked, &m_browser, &Browser::Tab1optICAO_Click);
+    connect(ui->Tab1List1, &ListBox::entryDoubleClicked, &m_browser, &Browser::Tab1List1_DblClick);
     connect(ui->Tab1List1, &DragListBox::mouseDown, this, &Page::Tab1List1_MouseDown);
     connect(ui->Tab1List2, &DragListBox::mouseDown, this, &Page::Tab1List2_MouseDown);
     connect(ui->Tab1List1, &DragListBox::dropped, this, &Page::Tab1List1_DragDrop);
     connect(ui->Tab1List2, &DragListBox::dropped, this, &Page::Tab1List2_DragDrop);
+    connect(&m_browser, &Browser::countriesLoading, this, &Page::countriesLoading);
+    connect(&m_browser, &Browser::countryLineRead, this, &Page::countryLineRead);
     connect(ui->tab1Help, &LinkLabel::clicked, this, &Page::helpWanted);
 }
+
+AirportLoaderPage::~AirportLoaderPage() = default;
 
 void AirportLoaderPage::addListActions()
 {
@@ -99,157 +97,22 @@ void AirportLoaderPage::showFilePrompt()
     showCurrentStep(ui->Tab1lblAirportTextFileName);
 }
 
-void AirportLoaderPage::enableSortOptions(bool on)
-{
-    ui->Tab1Frame2->setEnabled(on);
-    ui->Tab1optName->setEnabled(on);
-    ui->Tab1optICAO->setEnabled(on);
-}
-
-void AirportLoaderPage::showListToolTip(const QString &level)
-{
-    // The quote stands before "List" in this product.
-    ui->Tab1List2->setToolTip(" To remove an Airport Drag and Drop it in the \"" + level +
-                              " \"List ");
-}
-
-QString AirportLoaderPage::selectedText(const ListBox &list) const
-{
-    return list.text(list.listIndex());
-}
-
-void AirportLoaderPage::addAvailable(const master_airport_list::Listing &listing)
-{
-    ui->Tab1List1->setItems(ui->Tab1List1->items() + listing.items);
-    if (listing.failure) {
-        throw RuntimeError(*listing.failure);
-    }
-}
-
-void AirportLoaderPage::LoadCountry()
-{
-    m_services.errors.run("Load Country Errors", [this](Step &step) {
-        step.set("Opening OCX");
-        const QByteArray list = master_airport_list::OpenOCX(step);
-        const WaitPointer pointer;
-        step.set("Setting Progress Bar");
-        Q_EMIT countriesLoading(expectedLines);
-        step.set("Loop through OCX");
-        addAvailable(master_airport_list::countries(list, [this](int number) {
-            if (number % linesPerStep == 0) {
-                Q_EMIT countryLineRead(number);
-            }
-        }));
-        ui->Tab1Label1->setText("Country");
-        showListToolTip("Country");
-        ui->Tab1cmdPrevious->hide();
-        ui->Tab1cmdPrevious->setText("Clear List");
-    });
-}
-
-void AirportLoaderPage::LoadProvince()
-{
-    m_services.errors.run("Load Province Error", [this](Step &step) {
-        m_selectedCountry = m_provinceLevel ? m_savedCountry : selectedText(*ui->Tab1List1);
-        ui->Tab1List1->clear();
-        step.set("Opening OCX");
-        const QByteArray list = master_airport_list::OpenOCX(step);
-        step.set("Loading OCX Data");
-        addAvailable(master_airport_list::provinces(list, m_selectedCountry));
-        if (ui->Tab1List1->count() == 0) {
-            m_provinceLevel = false;
-            LoadCity();
-            return;
-        }
-        m_provinceLevel = true;
-        ui->Tab1Label1->setText("Province/State in " + m_savedCountry + ' ' +
-                                basic::str(ui->Tab1List1->count()));
-        showListToolTip("Province/State");
-        ui->Tab1cmdPrevious->setText("Clear Province List");
-    });
-}
-
-void AirportLoaderPage::LoadCity()
-{
-    using namespace master_airport_list;
-    m_services.errors.run("Load City Error", [this](Step &step) {
-        ui->Tab1List1->clear();
-        step.set("Opening OCX");
-        const QByteArray list = OpenOCX(step);
-        step.set("Loading OCX Data");
-        const AirportItem form =
-            ui->Tab1optName->isChecked() ? AirportItem::NameFirst : AirportItem::IcaoFirst;
-        addAvailable(m_provinceLevel ? airportsOfProvince(list, m_selectedProvince, form)
-                                     : airportsOfCountry(list, m_selectedCountry, form));
-        ui->Tab1Label1->setText("Airports in " +
-                                (m_provinceLevel ? m_selectedProvince : m_selectedCountry) + ' ' +
-                                basic::str(ui->Tab1List1->count()));
-        showListToolTip("Cities");
-        enableSortOptions(true);
-        ui->Tab1cmdPrevious->setText("Clear Airport List");
-        m_airportLevel = true;
-    });
-}
-
-void AirportLoaderPage::Tab1List1_DblClick()
-{
-    const QString item = selectedText(*ui->Tab1List1);
-    if (m_airportLevel) {
-        m_provinceCountry = item;
-    } else if (m_provinceLevel) {
-        m_selectedProvince = item;
-        LoadCity();
-    } else {
-        m_savedCountry = item;
-        if (isBrowsedByProvince(item)) {
-            m_provinceCountry = item;
-        }
-        LoadProvince();
-        ui->Tab1cmdPrevious->show();
-        ui->Tab1lblDragnDrop->hide();
-    }
-}
-
-void AirportLoaderPage::Tab1cmdPrevious_Click()
-{
-    ui->Tab1List1->clear();
-    ui->Tab1Label1->setText("Country");
-    ui->Tab1lblDragnDrop->show();
-    m_provinceLevel = false;
-    m_airportLevel = false;
-    m_provinceCountry.clear();
-    enableSortOptions(false);
-    LoadCountry();
-}
-
 void AirportLoaderPage::Tab1cmdReset_Click()
 {
     ui->Tab1lblDragnDrop->hide();
-    for (ListBox *list : std::initializer_list<ListBox *>{ui->Tab1List1, ui->Tab1List2,
-                                                          ui->Tab1lstAICO, ui->Tab1lstCountry}) {
+    for (ListBox *list :
+         std::initializer_list<ListBox *>{ui->Tab1List2, ui->Tab1lstAICO, ui->Tab1lstCountry}) {
         list->clear();
     }
     ui->Tab1List1->setEnabled(false);
-    ui->Tab1Label1->setText("Country");
     for (QWidget *control :
          std::initializer_list<QWidget *>{ui->Tab1cmdCreateFile, ui->Tab1cmdReset, ui->Tab1cmdEdit,
                                           ui->Tab1optICAO, ui->Tab1optName}) {
         control->setEnabled(false);
     }
     ui->lblT1Airport->setText("Airport to Add");
-    m_provinceLevel = false;
-    m_airportLevel = false;
-    m_provinceCountry.clear();
-    LoadCountry();
+    m_browser.showCountries();
     showFilePrompt();
-}
-
-void AirportLoaderPage::sortOption_Click()
-{
-    if (m_airportLevel) {
-        ui->Tab1cmdCreateFile->setEnabled(false);
-        LoadCity();
-    }
 }
 
 void AirportLoaderPage::Tab1List1_MouseDown()
@@ -270,19 +133,6 @@ void AirportLoaderPage::Tab1List2_MouseDown()
     }
 }
 
-AirportChoice AirportLoaderPage::choiceFor(const QString &item) const
-{
-    const QString separator = QStringLiteral(" - ");
-    const qsizetype position = item.indexOf(separator);
-    const bool byName = ui->Tab1optName->isChecked();
-    if (position >= 0) {
-        return {byName ? item.sliced(position + separator.size()) : item.first(position),
-                m_savedCountry};
-    }
-    // A province is looked up in its country only with the airports sorted by name.
-    return {item, byName && isBrowsedByProvince(m_provinceCountry) ? m_provinceCountry : item};
-}
-
 void AirportLoaderPage::Tab1List2_DragDrop(const QString &text)
 {
     const int index = ui->Tab1List1->isHighlighted() ? ui->Tab1List1->listIndex() : -1;
@@ -290,10 +140,7 @@ void AirportLoaderPage::Tab1List2_DragDrop(const QString &text)
         return;
     }
     ui->Tab1List2->addItem(text);
-    if (m_savedCountry.isEmpty()) {
-        m_savedCountry = text;
-    }
-    const AirportChoice choice = choiceFor(text);
+    const AirportChoice choice = m_browser.choose(text);
     ui->Tab1lstAICO->addItem(choice.search);
     ui->Tab1lstCountry->addItem(choice.country);
     ui->Tab1List1->removeItem(index);
@@ -304,7 +151,7 @@ void AirportLoaderPage::Tab1List2_DragDrop(const QString &text)
     ui->Tab1cmdReset->setEnabled(true);
     showExistingCount();
     if (ui->Tab1List1->count() == 0) {
-        enableSortOptions(false);
+        m_browser.enableSortOptions(false);
     }
 }
 
@@ -330,18 +177,18 @@ void AirportLoaderPage::Tab1List1_DragDrop(const QString &text)
     } else {
         ui->Tab1cmdEdit->setEnabled(true);
     }
-    if (m_airportLevel) {
-        enableSortOptions(true);
+    if (m_browser.showsAirports()) {
+        m_browser.enableSortOptions(true);
     }
     showExistingCount();
 }
 
 bool AirportLoaderPage::AirportExists()
 {
-    if (!m_airportLevel) {
+    if (!m_browser.showsAirports()) {
         return false;
     }
-    const QString code = choiceFor(selectedText(*ui->Tab1List1)).search;
+    const QString code = m_browser.choiceFor(selectedText(*ui->Tab1List1)).search;
     for (const QString &item : ui->Tab1List2->items()) {
         if (item.contains(code)) {
             m_services.dialogs.show({.prompt = "Duplicate Airport!", .title = applicationTitle});
@@ -553,7 +400,6 @@ void AirportLoaderPage::Tab1cmdEdit_Click()
         step.set("Open " + m_state.AirportTextFile);
         const WaitPointer pointer;
         readTextFile();
-        m_existingCount = ui->Tab1List2->count();
         focusIfShown(ui->Tab1Command2);
     });
 }

@@ -2,20 +2,12 @@
 // Page 1, the AI airport loader: chooses airports of the world and appends them to a text file.
 #pragma once
 
-#include "airport_loader/airport_text_file.h"
-#include "airport_loader/master_airport_list.h"
+#include "airport_loader/airport_browser.h"
 #include "app/services/services.h"
 
 #include <QWidget>
 
 #include <memory>
-
-class ListBox;
-
-namespace Ui
-{
-class AirportLoaderPage;
-}
 
 class AirportLoaderPage : public QWidget
 {
@@ -26,7 +18,7 @@ public:
     ~AirportLoaderPage() override;
 
     /// Fills the list of countries; it is not cleared first.
-    void LoadCountry();
+    void LoadCountry() { m_browser.LoadCountry(); }
 
     /// Makes a new set's airport file the current one; it cannot be browsed away.
     void takeFileForSet(const QString &path);
@@ -38,7 +30,7 @@ public:
     void keepFileOfSet();
 
     /// Whether the airport selected among the available ones is named by an entry of "Airports to
-    /// Add"; shows "Duplicate Airport!" then.
+    /// Add"; shows "Duplicate Airport!" then. No drop asks: what was chosen leaves the list.
     bool AirportExists();
 
 Q_SIGNALS:
@@ -56,48 +48,31 @@ Q_SIGNALS:
     void airportsWrittenForSet();
 
 private:
-    void connectControls();
-    void addListActions();
+    // Handlers. The names are the product's.
     void Tab1cmdBrowse_Click();
     void Tab1cmdEdit_Click();
-    void Tab1cmdPrevious_Click();
     void Tab1cmdReset_Click();
     void Tab1cmdCreateFile_Click();
     void Tab1Command2_Click();
-    void Tab1List1_DblClick();
     void Tab1List1_MouseDown();
     void Tab1List2_MouseDown();
     void Tab1List1_DragDrop(const QString &text);
     void Tab1List2_DragDrop(const QString &text);
-    void sortOption_Click();
-    void LoadProvince();
-    void LoadCity();
 
+    void addListActions();
     void showFilePrompt();
     void showMissingFileName();
-    void enableSortOptions(bool on);
-    void showListToolTip(const QString &level);
-    /// Adds what a reading of the list gave, then throws what ended it.
-    void addAvailable(const master_airport_list::Listing &listing);
     void readTextFile();
     void showExistingCount();
-    AirportChoice choiceFor(const QString &item) const;
     /// How many hidden entries are older than the visible list: they stand before its own.
     int hiddenOffset() const;
-    /// Appends the airports of all new choices. Returns whether any line was written.
+    /// Appends the airports of all new choices. Returns whether there were any.
     bool appendChosen(Step &step);
     QStringList linesOf(const QList<AirportChoice> &choices, Step &step);
-    QString selectedText(const ListBox &list) const;
 
     Services &m_services;
     FormState &m_state;
     std::unique_ptr<Ui::AirportLoaderPage> ui;
-    bool m_servesSet = false;     ///< the file is that of a new flight plan set
-    bool m_provinceLevel = false; ///< provinces are shown, or airports of one
-    bool m_airportLevel = false;  ///< airports are shown
-    QString m_selectedCountry;    ///< whose provinces or airports are shown
-    QString m_savedCountry;       ///< last double-clicked among the countries
-    QString m_provinceCountry;    ///< the same, of the countries that are browsed by province
-    QString m_selectedProvince;
-    int m_existingCount = 0; ///< entries after the last edit
+    AirportBrowser m_browser;
+    bool m_servesSet = false; ///< the file is that of a new flight plan set
 };
