@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "aircraft_loader/aircraft_loader_page.h"
 
-#include "aircraft_loader/aircraft_text_file.h"
+#include "aircraft_loader/added_lines.h"
 #include "aircraft_loader/title_match.h"
 #include "app/services/backup.h"
 #include "app/services/fs_location.h"
@@ -120,16 +120,12 @@ void AircraftLoaderPage::readTextFile()
     m_state.ErrMsg = "Loading Aircraft text file";
     m_state.ErrMsg = "Open " + m_state.AircraftTextDir;
     m_services.log.write(m_state.ErrMsg);
-    AircraftTextFile file;
-    const auto keep = qScopeGuard([&] {
-        ui->Tab0List3->setItems(file.lines);
-        AircraftCount = file.AircraftCount;
-        Number = file.Number;
-    });
-    file.read(files::readAll(m_state.AircraftTextDir));
+    const auto show = qScopeGuard([this] { ui->Tab0List3->setItems(m_existing.lines); });
+    m_existing = {};
+    m_existing.read(files::readAll(m_state.AircraftTextDir));
     ui->Tab0Label2->setText("Existing AI Aircraft in " +
                             aircraft_text_file::captionName(m_state.AircraftTextDir) + ": " +
-                            QString::number(file.AircraftCount));
+                            QString::number(m_existing.AircraftCount));
 }
 
 void AircraftLoaderPage::walkFolders()
@@ -254,6 +250,7 @@ void AircraftLoaderPage::checkAll(bool on)
 
 void AircraftLoaderPage::cmdAddAI_Click()
 {
+    const Step handler(m_state);
     m_services.errors.run("Backup Error",
                           [this](Step &step) { DoBackup(m_state.AircraftTextDir, step); });
     try {
@@ -280,33 +277,21 @@ void AircraftLoaderPage::cmdAddAI_Click()
 
 void AircraftLoaderPage::addChecked()
 {
-    NoneAdded = true;
+    Step step(m_state);
     Repaint repaint;
-    available_aircraft::SplitEntry entry;
+    AddedLines added(m_existing);
     for (int i = 0; i < ui->Tab0List2->count(); ++i) {
         ui->Tab0List2->setListIndex(i);
         if (repaint.isDue()) {
             Repaint::now();
         }
         if (ui->Tab0List2->selected(i)) {
-            entry.split(ui->Tab0List2->text(i));
-            addAircraft(entry.Speed, entry.title);
+            const QString lines =
+                added.linesFor(ui->Tab0List2->text(i), m_services.clock.now(), step);
+            step.set("Open " + m_state.AircraftTextDir + " for Append");
+            files::appendLines(m_state.AircraftTextDir, code_page::encode(lines));
         }
     }
-}
-
-void AircraftLoaderPage::addAircraft(const QString &speed, const QString &title)
-{
-    m_state.ErrMsg = "Numbering " + title;
-    AircraftCount = basic::add16(AircraftCount, 1);
-    Number = basic::add16(Number, 1);
-    QString text = aircraft_text_file::aircraftLine(Number, speed.mid(1), title) + "\r\n";
-    m_state.ErrMsg = "Open " + m_state.AircraftTextDir + " for Append";
-    if (NoneAdded) {
-        NoneAdded = false;
-        text.prepend(aircraft_text_file::addedComment(m_services.clock.now()) + "\r\n");
-    }
-    files::appendLines(m_state.AircraftTextDir, code_page::encode(text));
 }
 
 void AircraftLoaderPage::opt2002_Click()

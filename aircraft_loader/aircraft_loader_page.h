@@ -2,6 +2,7 @@
 // Page 0, the AI aircraft loader: which installed aircraft a text file lacks, and adding them.
 #pragma once
 
+#include "aircraft_loader/aircraft_text_file.h"
 #include "aircraft_loader/available_aircraft.h"
 #include "app/services/services.h"
 #include "platform/controls/repaint.h"
@@ -86,7 +87,6 @@ private:
     void walkFolders();
     void FindAvailableAI();
     void addChecked();
-    void addAircraft(const QString &speed, const QString &title);
     void checkAll(bool on);
     bool enableAddAircraft();
     void takeTextFile(const QString &path, qsizetype limit);
@@ -101,9 +101,7 @@ private:
     FormState &m_state;
     AircraftWalk m_walk;
     AircraftWalk::Layout m_layout; ///< AirplanesLayout and RotorcraftLayout
-    std::int16_t AircraftCount = 0;
-    std::int16_t Number = 0;
+    AircraftTextFile m_existing;   ///< as last read, counting on while aircraft are added
     bool ListLoaded = false;
     bool SearchActive = false;
-    bool NoneAdded = true;
 };
