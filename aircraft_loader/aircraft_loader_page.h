@@ -5,7 +5,6 @@
 #include "aircraft_loader/aircraft_text_file.h"
 #include "aircraft_loader/available_aircraft.h"
 #include "app/services/services.h"
-#include "platform/controls/repaint.h"
 
 #include <QWidget>
 
@@ -17,7 +16,7 @@ class AircraftLoaderPage;
 }
 
 class LinkLabel;
-class ListBox;
+class TextFileChoice;
 
 class AircraftLoaderPage : public QWidget
 {
@@ -43,11 +42,12 @@ public:
     /// A directory was chosen on another page: it is taken over, and the text file asked for again.
     void followDirectory(const QString &directory);
 
-    /// Shows the text file of the previous run and, when there is a directory too, fills the lists.
-    void restoreTextFile(const QString &path);
-
-    /// Makes a set's aircraft file the current one and loads the lists for it.
+    /// Makes a set's aircraft file the current one and, when there is a directory too, loads the
+    /// lists for it.
     void takeFileOfSet(const QString &path);
+
+    /// The same with the text file of the previous run.
+    void restoreTextFile(const QString &path) { takeFileOfSet(path); }
 
     /// Asks for a text file when this one was the current one: it is gone.
     void forgetFile(const QString &path);
@@ -61,6 +61,7 @@ public:
 Q_SIGNALS:
     void simulatorVersionChosen();
     void directoryChosen(const QString &directory);
+    void textFileChanged(const QString &path); ///< the one in use; empty for none
     void aircraftAddedForSet();
     void quitPressed();
     void helpWanted();
@@ -73,9 +74,6 @@ private:
     void Drive1_Change();
     void Dir1_Change();
     void Command1_Click();
-    void cmdBrowseText_Click();
-    void cmdEdit_Click();
-    void cmdTtools_Click();
     void cmdAddAI_Click();
     void Tab0List2_Click();
     void Tab0List3_DblClick();
@@ -83,18 +81,15 @@ private:
     void optClear_Click();
 
     // The steps of the handlers.
-    void readTextFile();
+    void readTextFile(Step &step);
     void walkFolders();
     void FindAvailableAI();
     void addChecked();
     void checkAll(bool on);
     bool enableAddAircraft();
-    void takeTextFile(const QString &path, qsizetype limit);
-    void fillFromTextFile();
-    void refuseTextFile();
-    void askForTextFile();
+    void fillFromTextFile(const QString &path);
     void showLists(bool visible);
-    void showNotice(const QString &prompt);
+    void askForTextFile();
 
     std::unique_ptr<Ui::AircraftLoaderPage> ui;
     Services &m_services;
@@ -102,6 +97,7 @@ private:
     AircraftWalk m_walk;
     AircraftWalk::Layout m_layout; ///< AirplanesLayout and RotorcraftLayout
     AircraftTextFile m_existing;   ///< as last read, counting on while aircraft are added
-    bool ListLoaded = false;
+    TextFileChoice *m_textFile = nullptr;
+    bool ListLoaded = false; ///< LoadList has filled the lists; nobody asks
     bool SearchActive = false;
 };
