@@ -1,19 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "aircraft_loader/aircraft_loader_page.h"
 
-#include "aircraft_loader/aircraft_text_file.h"
+#include "aircraft_loader/added_lines.h"
+#include "aircraft_loader/text_file_choice.h"
 #include "aircraft_loader/title_match.h"
 #include "app/services/backup.h"
 #include "app/services/fs_location.h"
 #include "app/services/look.h"
-#include "app/services/path_display.h"
 #include "platform/basic.h"
 #include "platform/blind_to_case.h"
 #include "platform/code_page.h"
 #include "platform/controls/control_state.h"
+#include "platform/controls/repaint.h"
 #include "platform/controls/wait_pointer.h"
 #include "platform/files.h"
-#include "platform/paths.h"
 
 #include <QScopeGuard>
 
@@ -22,14 +22,10 @@
 namespace
 {
 
-const QString textFilePrompt = QStringLiteral("Please select an Aircraft Text File");
 const QString allUsedNotice = QStringLiteral("All Available Aircraft have been used");
 const QString directoryErrorTitle = QStringLiteral("FlightSim Directory Error");
 const QString availableCaption = QStringLiteral("Available Aircraft: ");
 const QString existingCaption = QStringLiteral("Existing AI Aircraft: ");
-
-constexpr qsizetype restoredPathLimit = 60; // characters shown of a path, at start-up
-constexpr qsizetype chosenPathLimit = 50;   // and when it was just chosen
 
 } // namespace
 
@@ -41,6 +37,7 @@ AircraftLoaderPage::AircraftLoaderPage(Services &services, QWidget *parent)
 {
     ui->setupUi(this);
     showCurrentStep(ui->noDirectoryLabel);
+    m_textFile = new TextFileChoice(*ui, services, this);
     using Page = AircraftLoaderPage;
     connect(ui->opt2002, &QRadioButton::clicked, this, &Page::opt2002_Click);
     connect(ui->opt2004, &QRadioButton::clicked, this, &Page::opt2004_Click);
@@ -53,9 +50,9 @@ AircraftLoaderPage::AircraftLoaderPage(Services &services, QWidget *parent)
                 m_services.errors.show("Directory Select Error", error);
             });
     connect(ui->Command1, &QPushButton::clicked, this, &Page::Command1_Click);
-    connect(ui->cmdBrowseText, &QPushButton::clicked, this, &Page::cmdBrowseText_Click);
-    connect(ui->cmdEdit, &QPushButton::clicked, this, &Page::cmdEdit_Click);
-    connect(ui->cmdTtools, &QPushButton::clicked, this, &Page::cmdTtools_Click);
+    connect(m_textFile, &TextFileChoice::changed, this, &Page::textFileChanged);
+    connect(m_textFile, &TextFileChoice::edited, this, &Page::LoadList);
+    connect(this, &Page::textFileChanged, this, &Page::fillFromTextFile);
     connect(ui->cmdAddAI, &QPushButton::clicked, this, &Page::cmdAddAI_Click);
     connect(ui->cmdQuit, &QPushButton::clicked, this, &Page::quitPressed);
     connect(ui->Tab0List2, &ListBox::entryClicked, this, &Page::Tab0List2_Click);
@@ -84,28 +81,20 @@ void AircraftLoaderPage::ClearLists()
 void AircraftLoaderPage::LoadList()
 {
     const WaitPointer pointer;
-    m_services.errors.run("LoadList Error", [this] {
+    m_services.errors.run("LoadList Error", [this](Step &step) {
         const auto show = qScopeGuard([this] { showLists(true); });
-        m_state.ErrMsg = "Opening " + m_services.log.path();
         m_services.log.write(TraceLog::banner("LoadList Function Started"));
-        ui->Tab0List1->clear();
-        ui->Tab0List2->clear();
-        ui->Tab0List3->clear();
+        ClearLists();
         ui->File1->clearFileName();
-        ui->Tab0Label1->setText(availableCaption);
-        ui->Tab0Label2->setText(existingCaption);
         showLists(false);
-        readTextFile();
+        readTextFile(step);
         walkFolders();
         ui->Tab0List2->setListIndex(0);
         ListLoaded = true;
-        m_state.ErrMsg = "Find Available AI";
+        step.set("Find Available AI");
         FindAvailableAI();
-        showLists(true);
         if (ui->Tab0List2->count() > 0) {
             ui->optFrame->setEnabled(true);
-            ui->optAll->setEnabled(true);
-            ui->optClear->setEnabled(true);
             unsetOptions({ui->optAll, ui->optClear});
         }
         ui->Tab0Label1->setText(availableCaption + QString::number(ui->Tab0List2->count()));
@@ -115,21 +104,16 @@ void AircraftLoaderPage::LoadList()
     });
 }
 
-void AircraftLoaderPage::readTextFile()
+void AircraftLoaderPage::readTextFile(Step &step)
 {
-    m_state.ErrMsg = "Loading Aircraft text file";
-    m_state.ErrMsg = "Open " + m_state.AircraftTextDir;
-    m_services.log.write(m_state.ErrMsg);
-    AircraftTextFile file;
-    const auto keep = qScopeGuard([&] {
-        ui->Tab0List3->setItems(file.lines);
-        AircraftCount = file.AircraftCount;
-        Number = file.Number;
-    });
-    file.read(files::readAll(m_state.AircraftTextDir));
+    step.set("Open " + m_state.AircraftTextDir);
+    m_services.log.write("Open " + m_state.AircraftTextDir);
+    const auto show = qScopeGuard([this] { ui->Tab0List3->setItems(m_existing.lines); });
+    m_existing = {};
+    m_existing.read(files::readAll(m_state.AircraftTextDir));
     ui->Tab0Label2->setText("Existing AI Aircraft in " +
                             aircraft_text_file::captionName(m_state.AircraftTextDir) + ": " +
-                            QString::number(file.AircraftCount));
+                            QString::number(m_existing.AircraftCount));
 }
 
 void AircraftLoaderPage::walkFolders()
@@ -221,16 +205,12 @@ void AircraftLoaderPage::Tab0List3_DblClick()
 
 void AircraftLoaderPage::optAll_Click()
 {
-    if (ui->optAll->isChecked()) {
-        checkAll(true);
-    }
+    checkAll(true);
 }
 
 void AircraftLoaderPage::optClear_Click()
 {
-    if (ui->optClear->isChecked()) {
-        checkAll(false);
-    }
+    checkAll(false);
 }
 
 void AircraftLoaderPage::checkAll(bool on)
@@ -254,6 +234,7 @@ void AircraftLoaderPage::checkAll(bool on)
 
 void AircraftLoaderPage::cmdAddAI_Click()
 {
+    const Step handler(m_state);
     m_services.errors.run("Backup Error",
                           [this](Step &step) { DoBackup(m_state.AircraftTextDir, step); });
     try {
@@ -269,7 +250,6 @@ void AircraftLoaderPage::cmdAddAI_Click()
     m_services.dialogs.show({.prompt = "All Done!  AI Aircraft Added",
                              .title = "Add AI",
                              .icon = MessageBox::Icon::Information});
-    ClearLists();
     LoadList();
     if (m_state.newAircraftSetOpen) {
         Q_EMIT aircraftAddedForSet();
@@ -280,33 +260,21 @@ void AircraftLoaderPage::cmdAddAI_Click()
 
 void AircraftLoaderPage::addChecked()
 {
-    NoneAdded = true;
+    Step step(m_state);
     Repaint repaint;
-    available_aircraft::SplitEntry entry;
+    AddedLines added(m_existing);
     for (int i = 0; i < ui->Tab0List2->count(); ++i) {
         ui->Tab0List2->setListIndex(i);
         if (repaint.isDue()) {
             Repaint::now();
         }
         if (ui->Tab0List2->selected(i)) {
-            entry.split(ui->Tab0List2->text(i));
-            addAircraft(entry.Speed, entry.title);
+            const QString lines =
+                added.linesFor(ui->Tab0List2->text(i), m_services.clock.now(), step);
+            step.set("Open " + m_state.AircraftTextDir + " for Append");
+            files::appendLines(m_state.AircraftTextDir, code_page::encode(lines));
         }
     }
-}
-
-void AircraftLoaderPage::addAircraft(const QString &speed, const QString &title)
-{
-    m_state.ErrMsg = "Numbering " + title;
-    AircraftCount = basic::add16(AircraftCount, 1);
-    Number = basic::add16(Number, 1);
-    QString text = aircraft_text_file::aircraftLine(Number, speed.mid(1), title) + "\r\n";
-    m_state.ErrMsg = "Open " + m_state.AircraftTextDir + " for Append";
-    if (NoneAdded) {
-        NoneAdded = false;
-        text.prepend(aircraft_text_file::addedComment(m_services.clock.now()) + "\r\n");
-    }
-    files::appendLines(m_state.AircraftTextDir, code_page::encode(text));
 }
 
 void AircraftLoaderPage::opt2002_Click()
@@ -348,9 +316,6 @@ void AircraftLoaderPage::Dir1_Change()
             return;
         }
         askForTextFile();
-        ClearLists();
-        ui->cmdTtools->setEnabled(false);
-        ui->cmdEdit->setEnabled(false);
         m_layout.take(directory);
         m_state.AirCraftDir = directory;
         m_state.ErrMsg = "Set path to " + directory;
@@ -372,7 +337,9 @@ void AircraftLoaderPage::Command1_Click()
         showDirectory(ui->Dir1->path());
     } else {
         showDirectory({});
-        showNotice("Please select the Flight Simulator Directory!");
+        m_services.dialogs.show({.prompt = "Please select the Flight Simulator Directory!",
+                                 .title = directoryErrorTitle,
+                                 .icon = MessageBox::Icon::Exclamation});
         ClearLists();
         ui->cmdEdit->setEnabled(false);
     }
@@ -380,85 +347,21 @@ void AircraftLoaderPage::Command1_Click()
     ui->Tab0List2->show();
 }
 
-void AircraftLoaderPage::cmdBrowseText_Click()
+void AircraftLoaderPage::fillFromTextFile(const QString &path)
 {
-    const QString filter = ui->opt2004->isChecked()
-                               ? "Aircraft Text Files (aircraft*.txt)|aircraft*.txt|"
-                               : "Aircraft Text Files (aircraft.txt)|aircraft.txt|";
-    const QString current = m_state.AircraftTextDir;
-    const QString startFolder = current.first(qMax<qsizetype>(0, current.lastIndexOf('\\')));
-    takeTextFile(m_services.dialogs.openFile({filter, startFolder}), chosenPathLimit);
-    if (aircraft_text_file::folderPart(m_state.AircraftTextDir).isEmpty()) {
-        refuseTextFile();
-    } else {
-        fillFromTextFile();
-    }
-}
-
-void AircraftLoaderPage::takeTextFile(const QString &path, qsizetype limit)
-{
-    ui->lblAircraftTextFile->setText(shortenedPath(path, limit));
-    m_state.AircraftTextDir = path;
-    showDone(ui->lblAircraftTextFile);
-}
-
-void AircraftLoaderPage::fillFromTextFile()
-{
-    if (ui->lblAircraftTextFile->text().isEmpty() || ui->lblFSPath->text().isEmpty()) {
+    if (path.isEmpty() || ui->lblFSPath->text().isEmpty()) {
+        ClearLists();
         ui->cmdTtools->setEnabled(false); // the compiler of the file before is not this one's
         return;
     }
-    ClearLists();
     LoadList();
-    ui->cmdTtools->setEnabled(m_services.shell.CheckFileExists(m_state.AircraftTextDir));
-    ui->cmdEdit->setEnabled(true);
-}
-
-void AircraftLoaderPage::refuseTextFile()
-{
-    m_state.AircraftTextDir.clear();
-    showNotice("Please select an Aircraft Text file to edit!");
-    askForTextFile();
-    ClearLists();
-    ui->cmdTtools->setEnabled(false);
-    ui->cmdEdit->setEnabled(false);
+    m_textFile->enableTools();
 }
 
 void AircraftLoaderPage::askForTextFile()
 {
-    ui->lblAircraftTextFile->setText(textFilePrompt);
-    showCurrentStep(ui->lblAircraftTextFile);
-}
-
-void AircraftLoaderPage::showNotice(const QString &prompt)
-{
-    m_services.dialogs.show(
-        {.prompt = prompt, .title = directoryErrorTitle, .icon = MessageBox::Icon::Exclamation});
-}
-
-void AircraftLoaderPage::cmdEdit_Click()
-{
-    m_state.ErrMsg = "Command Edit Shelling Notepad";
-    m_services.shell.Shellandwait("NOTEPAD.EXE " + m_state.AircraftTextDir, 0, 1);
-    if (m_state.ended) {
-        return;
-    }
-    const MessageBox::Answer answer = m_services.dialogs.show(
-        {.prompt = "Have you made changes to the " + m_state.AircraftTextDir + " file? ",
-         .title = "Edit Aircraft Text File",
-         .icon = MessageBox::Icon::Information,
-         .buttons = MessageBox::Buttons::YesNo,
-         .defaultButton = MessageBox::Answer::No});
-    if (answer == MessageBox::Answer::Yes) {
-        ClearLists();
-        LoadList();
-    }
-}
-
-void AircraftLoaderPage::cmdTtools_Click()
-{
-    m_state.ErrMsg = "Running " + m_services.shell.tTools();
-    m_services.shell.Shellandwait(m_services.shell.tTools(), 0, 1);
+    m_textFile->ask();
+    ClearLists();
 }
 
 void AircraftLoaderPage::showDirectory(const QString &directory)
@@ -487,9 +390,6 @@ void AircraftLoaderPage::followDirectory(const QString &directory)
 {
     m_services.errors.run("Directory Select Error", [&] {
         askForTextFile();
-        ClearLists();
-        ui->cmdTtools->setEnabled(false);
-        ui->cmdEdit->setEnabled(false);
         m_state.ErrMsg = "Set path to " + directory;
         ui->Dir1->setPath(directory);
         if (ui->lblFSPath->text() != directory) { // the picker stood there already
@@ -498,30 +398,15 @@ void AircraftLoaderPage::followDirectory(const QString &directory)
     });
 }
 
-void AircraftLoaderPage::restoreTextFile(const QString &path)
-{
-    ui->lblAircraftTextFile->setText(shortenedPath(path, restoredPathLimit));
-    m_state.AircraftTextDir = path;
-    if (!path.isEmpty() && !ui->lblFSPath->text().isEmpty()) {
-        showDone(ui->lblAircraftTextFile);
-        fillFromTextFile();
-    }
-}
-
 void AircraftLoaderPage::takeFileOfSet(const QString &path)
 {
-    takeTextFile(path, restoredPathLimit);
-    fillFromTextFile();
+    m_textFile->take(path);
 }
 
 void AircraftLoaderPage::forgetFile(const QString &path)
 {
     if (m_state.AircraftTextDir.compare(path, Qt::CaseInsensitive) == 0) {
-        m_state.AircraftTextDir.clear();
-        askForTextFile();
-        ClearLists();
-        ui->cmdTtools->setEnabled(false);
-        ui->cmdEdit->setEnabled(false);
+        m_textFile->forget();
     }
 }
 

@@ -2,9 +2,9 @@
 // Page 0, the AI aircraft loader: which installed aircraft a text file lacks, and adding them.
 #pragma once
 
+#include "aircraft_loader/aircraft_text_file.h"
 #include "aircraft_loader/available_aircraft.h"
 #include "app/services/services.h"
-#include "platform/controls/repaint.h"
 
 #include <QWidget>
 
@@ -16,7 +16,7 @@ class AircraftLoaderPage;
 }
 
 class LinkLabel;
-class ListBox;
+class TextFileChoice;
 
 class AircraftLoaderPage : public QWidget
 {
@@ -42,11 +42,12 @@ public:
     /// A directory was chosen on another page: it is taken over, and the text file asked for again.
     void followDirectory(const QString &directory);
 
-    /// Shows the text file of the previous run and, when there is a directory too, fills the lists.
-    void restoreTextFile(const QString &path);
-
-    /// Makes a set's aircraft file the current one and loads the lists for it.
+    /// Makes a set's aircraft file the current one and, when there is a directory too, loads the
+    /// lists for it.
     void takeFileOfSet(const QString &path);
+
+    /// The same with the text file of the previous run.
+    void restoreTextFile(const QString &path) { takeFileOfSet(path); }
 
     /// Asks for a text file when this one was the current one: it is gone.
     void forgetFile(const QString &path);
@@ -60,6 +61,7 @@ public:
 Q_SIGNALS:
     void simulatorVersionChosen();
     void directoryChosen(const QString &directory);
+    void textFileChanged(const QString &path); ///< the one in use; empty for none
     void aircraftAddedForSet();
     void quitPressed();
     void helpWanted();
@@ -72,9 +74,6 @@ private:
     void Drive1_Change();
     void Dir1_Change();
     void Command1_Click();
-    void cmdBrowseText_Click();
-    void cmdEdit_Click();
-    void cmdTtools_Click();
     void cmdAddAI_Click();
     void Tab0List2_Click();
     void Tab0List3_DblClick();
@@ -82,28 +81,23 @@ private:
     void optClear_Click();
 
     // The steps of the handlers.
-    void readTextFile();
+    void readTextFile(Step &step);
     void walkFolders();
     void FindAvailableAI();
     void addChecked();
-    void addAircraft(const QString &speed, const QString &title);
     void checkAll(bool on);
     bool enableAddAircraft();
-    void takeTextFile(const QString &path, qsizetype limit);
-    void fillFromTextFile();
-    void refuseTextFile();
-    void askForTextFile();
+    void fillFromTextFile(const QString &path);
     void showLists(bool visible);
-    void showNotice(const QString &prompt);
+    void askForTextFile();
 
     std::unique_ptr<Ui::AircraftLoaderPage> ui;
     Services &m_services;
     FormState &m_state;
     AircraftWalk m_walk;
     AircraftWalk::Layout m_layout; ///< AirplanesLayout and RotorcraftLayout
-    std::int16_t AircraftCount = 0;
-    std::int16_t Number = 0;
-    bool ListLoaded = false;
+    AircraftTextFile m_existing;   ///< as last read, counting on while aircraft are added
+    TextFileChoice *m_textFile = nullptr;
+    bool ListLoaded = false; ///< LoadList has filled the lists; nobody asks
     bool SearchActive = false;
-    bool NoneAdded = true;
 };

@@ -52,16 +52,6 @@ QString titleIn(const QString &line)
     return basic::mid(line, quote + 1, line.size() - quote - 1);
 }
 
-QString aircraftLine(int number, const QString &speed, const QString &title)
-{
-    return "AC#" + QString::number(number) + ',' + speed + ",\"" + title + '"';
-}
-
-QString addedComment(const QDateTime &time)
-{
-    return "//AI Aircraft Added " + basic::longDate(time) + ' ' + basic::clockTime(time);
-}
-
 QString captionName(const QString &path)
 {
     return path.sliced(basic::inStr(blind_to_case::lower(path), "\\aircraft"));

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <QByteArray>
-#include <QDateTime>
 #include <QString>
 #include <QStringList>
 
@@ -26,12 +25,6 @@ namespace aircraft_text_file
 /// The title in an aircraft line: what follows the first double quote, less the last character.
 /// Throws Invalid procedure call (5) when the first quote is the last character.
 QString titleIn(const QString &line);
-
-/// 'AC#12,250,"Boeing 737 Blue"', without a line end.
-QString aircraftLine(int number, const QString &speed, const QString &title);
-
-/// "//AI Aircraft Added Sunday, November 01, 2026 14:03:27", without a line end.
-QString addedComment(const QDateTime &time);
 
 /// The file's name for a caption: from the word "aircraft" of the path's first "\aircraft" on,
 /// folders included; the whole path when there is none.

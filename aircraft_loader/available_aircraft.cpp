@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "aircraft_loader/available_aircraft.h"
 
-#include "platform/basic.h"
 #include "platform/blind_to_case.h"
 
 #include <QStringBuilder>
@@ -55,21 +54,3 @@ void AircraftWalk::run(AircraftFolders &aircraftFolders, const QString &director
     aircraftFolders.walk(directory, subFolders, AircraftFolders::Content::Traffic, ErrMsg,
                          {.folderReached = listener.folderReached, .cfgFound = check});
 }
-
-namespace available_aircraft
-{
-
-void SplitEntry::split(const QString &entry)
-{
-    constexpr qsizetype positionsSearched = 4;
-    for (qsizetype j = 1; j <= positionsSearched; ++j) {
-        const qsizetype position = entry.size() - j;
-        if (basic::mid(entry, position, 1) == " ") {
-            Speed = basic::mid(entry, position, j + 1);
-            title = entry.first(position - 1);
-            return;
-        }
-    }
-}
-
-} // namespace available_aircraft

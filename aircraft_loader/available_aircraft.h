@@ -47,18 +47,3 @@ private:
 
     AircraftCfg m_cfg;
 };
-
-namespace available_aircraft
-{
-
-/// An entry taken apart. Fields keep what they were when no blank is found.
-struct SplitEntry {
-    QString Speed; ///< with the blank before it
-    QString title;
-
-    /// Looks for the blank before the speed among the four characters before the last one only, so
-    /// speeds of one to four figures are found.
-    void split(const QString &entry);
-};
-
-} // namespace available_aircraft

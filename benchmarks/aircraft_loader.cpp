@@ -23,7 +23,7 @@ struct LoadedPage {
     {
         page.openDirectory(benchmark_tree::aircraftDir);
         page.show();
-        services.state.AircraftTextDir = benchmark_tree::textFile;
+        page.restoreTextFile(benchmark_tree::textFile);
     }
 
     FakeOutside outside;

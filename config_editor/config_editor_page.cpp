@@ -30,7 +30,8 @@ ConfigEditorPage::ConfigEditorPage(Services &services, QWidget *parent)
     : QWidget(parent),
       ui(std::make_unique<Ui::ConfigEditorPage>()),
       m_services(services),
-      m_state(services.state)
+      m_state(services.state),
+      m_aliasQuestions(services.dialogs)
 {
     ui->setupUi(this);
     using Page = ConfigEditorPage;
@@ -97,7 +98,7 @@ void ConfigEditorPage::showFirstAircraft()
 
 void ConfigEditorPage::selectFirstEntry()
 {
-    ui->Tab3List3->setListIndex(ui->Tab3List3->count() > 0 ? 0 : -1);
+    ui->Tab3List3->setListIndex(0);
 }
 
 void ConfigEditorPage::Tab3Drive1_Change()
@@ -112,44 +113,38 @@ void ConfigEditorPage::Tab3Drive1_Change()
 void ConfigEditorPage::Tab3Dir1_Change()
 {
     m_services.errors.run("Directory Select Error", [this] {
-        const QString directory = ui->Tab3Dir1->path();
-        m_directory = directory;
-        if (!fs_location::endsInAircraftFolder(directory)) {
-            askForDirectory();
-            return;
+        m_directory = ui->Tab3Dir1->path();
+        if (fs_location::endsInAircraftFolder(m_directory)) {
+            Q_EMIT directoryChosen(m_directory);
+            m_services.log.write("Editor Path is " + m_directory);
+            listAircraft();
+        } else {
+            showCatalogue({});
+            ui->Tab3List3->addItem(directoryPrompt);
+            ui->Tab3Label2->setText(totalCaption);
+            setEditingEnabled(false);
         }
-        Q_EMIT directoryChosen(directory);
-        m_state.ErrMsg = "Set path to " + directory;
-        m_services.log.write("Editor Path is " + directory);
-        ui->Tab3File1->setPath(directory);
-        clearLists();
-        showTotal();
-        Tab3LoadList();
     });
 }
 
-void ConfigEditorPage::askForDirectory()
+void ConfigEditorPage::listAircraft()
 {
-    clearLists();
-    ui->Tab3List3->addItem(directoryPrompt);
-    ui->Tab3Label2->setText(totalCaption);
-    setEditingEnabled(false);
-}
-
-void ConfigEditorPage::clearLists()
-{
+    Step step(m_state);
+    step.set("Set path to " + m_directory);
+    ui->Tab3File1->setPath(m_directory);
     showCatalogue({});
+    showTotal();
+    Tab3LoadList();
 }
 
 /// A directory of the combat simulator holds folders that are no aircraft.
 void ConfigEditorPage::showTotal()
 {
-    const QString directory = ui->Tab3Dir1->path();
-    const QStringList folders = m_services.aircraftFolders.subFolders(directory);
+    const QStringList folders = m_services.aircraftFolders.subFolders(m_directory);
     const auto hasConfig = [&](const QString &folder) {
-        return files::exists(paths::join(directory, folder) + "\\aircraft.cfg");
+        return files::exists(paths::join(m_directory, folder) + "\\aircraft.cfg");
     };
-    const bool combat = blind_to_case::lower(directory).contains(QLatin1String("combat"));
+    const bool combat = blind_to_case::lower(m_directory).contains(QLatin1String("combat"));
     const qsizetype total =
         combat ? std::count_if(folders.begin(), folders.end(), hasConfig) : folders.size();
     ui->Tab3Label2->setText(totalCaption + QString::number(total));
@@ -170,7 +165,6 @@ void ConfigEditorPage::Tab3LoadList()
         if (catalogue.folderNames.isEmpty()) {
             catalogue.folderNames += "All Aircraft Have Force Feedback";
         }
-        m_state.ErrMsg = "Adding Horizontal Scroll to Tab3List3"; // which the list does itself
     });
 }
 
@@ -244,84 +238,43 @@ void ConfigEditorPage::Tab3List3_Click()
 
 void ConfigEditorPage::Tab3cmdedit_Click()
 {
-    m_services.errors.run(editorTitle, [this] {
-        m_noPanel = false;
+    m_services.errors.run(editorTitle, [this](Step &step) {
         const bool aircraft = ui->Tab3optAircraft->isChecked();
         const bool panel = ui->Tab3optPanel->isChecked();
         const int entry = ui->Tab3List3->listIndex();
         const QString cfgFile = ui->Tab3List4->text(entry); // empty for the prompt, too
         if ((aircraft || panel) && cfgFile.isEmpty()) {
-            m_services.dialogs.show({.prompt = "Please select an Aircraft to edit!",
-                                     .title = editorTitle,
-                                     .icon = MessageBox::Icon::Information});
+            showNotice("Please select an Aircraft to edit!");
             return;
         }
         if (aircraft) {
-            openAircraftCfg(cfgFile);
-        } else if (panel && !openPanelCfg(cfgFile, ui->Tab3List6->text(entry))) {
-            return;
+            m_editPath = cfgFile;
+            m_services.log.write("Edit Aircraft.cfg file Notepad " + cfgFile);
+            startNotepad("Notepad " + cfgFile);
         }
-        if (!m_noPanel) {
+        if (!panel || openPanelCfg(cfgFile, ui->Tab3List6->text(entry), step)) {
             askForChanges();
         }
     });
 }
 
-void ConfigEditorPage::openAircraftCfg(const QString &cfgFile)
-{
-    m_editPath = cfgFile;
-    const QString command = "Notepad " + m_editPath;
-    m_services.log.write("Edit Aircraft.cfg file " + command);
-    startNotepad(command);
-}
-
-/// Returns whether the handler goes on: not when the user wants none of the panels.
-bool ConfigEditorPage::openPanelCfg(const QString &cfgFile, const QString &panel)
+/// Returns whether a panel was opened: not where there is none, nor when the user wants none.
+bool ConfigEditorPage::openPanelCfg(const QString &cfgFile, const QString &panel, Step &step)
 {
     m_editPath = panel_cfg::path(cfgFile, panel);
     m_services.log.write("Edit Panel.cfg file " + m_editPath);
     if (!files::exists(m_editPath) || files::isFolder(m_editPath)) {
-        m_services.dialogs.show({.prompt = "This is an AI Aircraft and has no Panel!",
-                                 .title = editorTitle,
-                                 .icon = MessageBox::Icon::Information});
-        m_noPanel = true;
-        return true;
-    }
-    checkAlias(cfgFile);
-    if (m_aliasAnswer == MessageBox::Answer::No) {
+        showNotice("This is an AI Aircraft and has no Panel!");
         return false;
     }
-    startNotepad("Notepad.exe " + m_editPath);
-    return true;
-}
-
-void ConfigEditorPage::checkAlias(const QString &cfgFile)
-{
     m_services.log.write("Setting Panel Shell String");
-    m_state.ErrMsg = "Opening " + m_editPath;
-    const std::optional<QString> alias = panel_cfg::aliasIn(files::readAll(m_editPath));
-    if (!alias) {
-        return;
+    const std::optional<QString> chosen = m_aliasQuestions.panelToEdit(
+        m_editPath, cfgFile, aircraft_catalogue::rootOf(m_directory), step);
+    if (chosen) {
+        m_editPath = *chosen;
+        startNotepad("Notepad.exe " + m_editPath);
     }
-    const auto ask = [this](const QString &title, const QString &prompt) {
-        return m_services.dialogs.show({.prompt = prompt,
-                                        .title = title,
-                                        .icon = MessageBox::Icon::Information,
-                                        .buttons = MessageBox::Buttons::YesNo,
-                                        .defaultButton = MessageBox::Answer::Yes});
-    };
-    m_aliasAnswer = ask("Aliased Panel", "This Panel is Aiased to " + *alias +
-                                             "\r\rDo you want to edit the aliased Panel?");
-    if (m_aliasAnswer == MessageBox::Answer::Yes) {
-        m_editPath =
-            panel_cfg::aliasedPath(cfgFile, aircraft_catalogue::rootOf(m_directory), *alias);
-        return;
-    }
-    m_aliasAnswer = ask("Original Panel", "Do you want to edit this non-aliased Panel?\r\r" +
-                                              panel_cfg::path(cfgFile, QString()));
-    if (m_aliasAnswer == MessageBox::Answer::Yes) {
-        m_editPath = panel_cfg::originalPath(cfgFile);
-    }
+    return chosen.has_value();
 }
 
 void ConfigEditorPage::askForChanges()
@@ -335,41 +288,42 @@ void ConfigEditorPage::askForChanges()
         return;
     }
     const QString selected = ui->Tab3List4->text(ui->Tab3List3->listIndex());
-    clearLists();
     ui->Tab3Dir1->refresh(); // aircraft installed since the folder was opened count too
-    showTotal();
-    Tab3LoadList();
+    listAircraft();
     ui->Tab3List3->setListIndex(static_cast<int>(ui->Tab3List4->items().indexOf(selected)));
     Q_EMIT aircraftEdited();
+}
+
+void ConfigEditorPage::showNotice(const QString &prompt)
+{
+    m_services.dialogs.show(
+        {.prompt = prompt, .title = editorTitle, .icon = MessageBox::Icon::Information});
 }
 
 void ConfigEditorPage::startNotepad(const QString &command)
 {
     constexpr int normalWindow = 1;
-    m_state.ErrMsg = command;
+    Step step(m_state);
+    step.set(command);
     m_services.processes.start(command, normalWindow);
 }
 
 void ConfigEditorPage::Tab3chkDumpList_Click()
 {
-    m_dumpRequested = ui->Tab3chkDumpList->isChecked();
-    if (m_dumpRequested) {
-        m_services.errors.run("DumpList Error", [this] { DumpListing(); });
+    if (ui->Tab3chkDumpList->isChecked()) {
+        m_services.errors.run("DumpList Error", [this](Step &step) { DumpListing(step); });
     }
 }
 
-void ConfigEditorPage::DumpListing()
+void ConfigEditorPage::DumpListing(Step &step)
 {
     const QString file = m_state.MorlenEDir + "AircraftList.txt";
-    if (m_dumpRequested) {
-        m_services.log.write("Dumping Aircraft Listing to " + file);
-        m_state.ErrMsg = "Opening " + file;
-        // A failed dump leaves nothing to view, and the box ready to be ticked again.
-        auto untick = qScopeGuard([this] { ui->Tab3chkDumpList->setChecked(false); });
-        files::writeAll(file, listing_dump::compose(ui->Tab3List7->items(), m_services.clock.now(),
-                                                    QLocale::system()));
-        untick.dismiss();
-    }
+    m_services.log.write("Dumping Aircraft Listing to " + file);
+    step.set("Opening " + file);
+    // Without a listing to view the box is ready to be ticked again.
+    auto untick = qScopeGuard([this] { ui->Tab3chkDumpList->setChecked(false); });
+    files::writeAll(file, listing_dump::compose(ui->Tab3List7->items(), m_services.clock.now(),
+                                                QLocale::system()));
     m_services.log.write("Dump Completed");
     const MessageBox::Answer answer = m_services.dialogs.show(
         {.prompt = "Current Aircraft listing has been saved to: \r\r" + file +
@@ -379,8 +333,7 @@ void ConfigEditorPage::DumpListing()
          .buttons = MessageBox::Buttons::YesNo,
          .defaultButton = MessageBox::Answer::No});
     if (answer == MessageBox::Answer::Yes) {
+        untick.dismiss();
         startNotepad("Notepad " + file);
-    } else {
-        ui->Tab3chkDumpList->setChecked(false);
     }
 }

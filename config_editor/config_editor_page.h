@@ -4,12 +4,11 @@
 #pragma once
 
 #include "app/services/services.h"
-#include "config_editor/aircraft_catalogue.h"
+#include "config_editor/alias_questions.h"
 
 #include <QWidget>
 
 #include <memory>
-#include <optional>
 
 namespace Ui
 {
@@ -63,27 +62,22 @@ private:
     void Tab3chkDumpList_Click();
 
     // The steps of the handlers.
+    void listAircraft();
     void readCatalogue(AircraftCatalogue &catalogue);
     void showCatalogue(const AircraftCatalogue &catalogue);
-    void clearLists();
     void showTotal();
     void showLoading(bool loading);
-    void askForDirectory();
     void setEditingEnabled(bool enabled);
-    void openAircraftCfg(const QString &cfgFile);
-    bool openPanelCfg(const QString &cfgFile, const QString &panel);
-    void checkAlias(const QString &cfgFile);
+    bool openPanelCfg(const QString &cfgFile, const QString &panel, Step &step);
     void askForChanges();
+    void showNotice(const QString &prompt);
     void startNotepad(const QString &command);
-    void DumpListing();
+    void DumpListing(Step &step);
 
     std::unique_ptr<Ui::ConfigEditorPage> ui;
     Services &m_services;
     FormState &m_state;
-    QString m_directory;    ///< the folder picker's, once it was acted upon
-    QString m_editPath;     ///< the file last meant to be edited
-    bool m_noPanel = false; ///< the last panel asked for is not there
-    bool m_dumpRequested = false;
-    std::optional<MessageBox::Answer> m_aliasAnswer; ///< kept until a panel with an alias is asked
-                                                     ///< for: a No goes on suppressing
+    AliasQuestions m_aliasQuestions;
+    QString m_directory; ///< the folder picker's, once it was acted upon
+    QString m_editPath;  ///< the file last meant to be edited
 };

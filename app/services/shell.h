@@ -57,6 +57,6 @@ private:
     Dialogs &m_dialogs;
     ProcessStarter &m_processes;
     const Clock &m_clock;
-    QString m_tTools;
+    QString m_tTools; ///< the form's: the path last asked for, there or not, which Run TTools runs
     QString m_searchBuffer;
 };

@@ -2,35 +2,24 @@
 // The classic file list: the files of one folder that match a pattern, blind to case.
 #pragma once
 
-#include <QListView>
+#include "platform/controls/list_box.h"
 
-class FileListModel;
-
-class FileListBox : public QListView
+class FileListBox : public ListBox
 {
     Q_OBJECT
-    Q_PROPERTY(QString pattern READ pattern WRITE setPattern)
+    Q_PROPERTY(QString pattern MEMBER m_pattern) ///< as of the next setPath
 
 public:
-    explicit FileListBox(QWidget *parent = nullptr);
-
-    const QString &pattern() const { return m_pattern; }
-
-    void setPattern(const QString &pattern);
+    using ListBox::ListBox;
 
     const QString &path() const { return m_path; }
 
     /// Lists another folder. Throws RuntimeError: Path not found (76), Path/File access error (75).
     void setPath(const QString &path);
 
-    int count() const;
-
-    QString fileName() const; ///< the selected file, empty when none is
-
-    void clearFileName() { setCurrentIndex({}); }
+    void clearFileName() { setListIndex(-1); } ///< leaves no file selected
 
 private:
-    FileListModel *m_model;
     QString m_pattern = QStringLiteral("*");
     QString m_path;
 };

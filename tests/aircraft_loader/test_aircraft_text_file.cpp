@@ -4,8 +4,6 @@
 #include "platform/code_page.h"
 #include "tests/support/failure.h"
 
-#include <QLocale>
-#include <QScopeGuard>
 #include <QtTest>
 
 class TestAircraftTextFile : public QObject
@@ -42,10 +40,6 @@ private Q_SLOTS:
     void titleIsWhatFollowsTheFirstQuoteLessTheLastCharacter_data();
     void titleIsWhatFollowsTheFirstQuoteLessTheLastCharacter();
     void quoteAsLastCharacterIsNoTitle();
-    void aircraftLineHasNoBlanksAroundItsSeparators();
-    void commentHoldsLongDateAndClock_data();
-    void commentHoldsLongDateAndClock();
-    void commentIsEnglishInEveryLocale();
     void folderAndCaptionGoByTheFirstAircraftOfThePath_data();
     void folderAndCaptionGoByTheFirstAircraftOfThePath();
 };
@@ -356,41 +350,6 @@ void TestAircraftTextFile::quoteAsLastCharacterIsNoTitle()
 {
     QCOMPARE(failureOf([] { aircraft_text_file::titleIn("AC#1,250,Boeing\""); }),
              QString("5 Invalid procedure call or argument"));
-}
-
-void TestAircraftTextFile::aircraftLineHasNoBlanksAroundItsSeparators()
-{
-    QCOMPARE(aircraft_text_file::aircraftLine(12, "250", "Boeing 737 Blue"),
-             QString("AC#12,250,\"Boeing 737 Blue\""));
-    QCOMPARE(aircraft_text_file::aircraftLine(1, "", ""), QString("AC#1,,\"\""));
-}
-
-void TestAircraftTextFile::commentHoldsLongDateAndClock_data()
-{
-    QTest::addColumn<QDateTime>("time");
-    QTest::addColumn<QString>("comment");
-    QTest::newRow("one-figure day") << QDateTime({2026, 11, 1}, {14, 3, 27})
-                                    << "//AI Aircraft Added Sunday, November 01, 2026 14:03:27";
-    QTest::newRow("midnight") << QDateTime({2024, 2, 29}, {0, 0, 0})
-                              << "//AI Aircraft Added Thursday, February 29, 2024 00:00:00";
-    QTest::newRow("one-figure hour") << QDateTime({2026, 5, 31}, {9, 5, 4})
-                                     << "//AI Aircraft Added Sunday, May 31, 2026 09:05:04";
-}
-
-void TestAircraftTextFile::commentHoldsLongDateAndClock()
-{
-    QFETCH(QDateTime, time);
-    QFETCH(QString, comment);
-    QCOMPARE(aircraft_text_file::addedComment(time), comment);
-}
-
-void TestAircraftTextFile::commentIsEnglishInEveryLocale()
-{
-    const QLocale before;
-    const auto restore = qScopeGuard([&] { QLocale::setDefault(before); });
-    QLocale::setDefault(QLocale(QLocale::German));
-    QCOMPARE(aircraft_text_file::addedComment(QDateTime({2026, 10, 7}, {8, 0, 0})),
-             QString("//AI Aircraft Added Wednesday, October 07, 2026 08:00:00"));
 }
 
 void TestAircraftTextFile::folderAndCaptionGoByTheFirstAircraftOfThePath_data()

@@ -122,10 +122,6 @@ private Q_SLOTS:
     void linkToAnAircraftElsewhereIsFollowed();
     void titleBytesGoThroughUnchanged();
     void foldersWithUnusualNamesAreRead();
-    void entryIsTakenApartAtTheBlankBeforeItsSpeed_data();
-    void entryIsTakenApartAtTheBlankBeforeItsSpeed();
-    void speedOfFiveFiguresKeepsTheValuesOfTheEntryBefore();
-    void speedOfFiveFiguresFirstLeavesBothEmpty();
 };
 
 void TestAvailableAircraft::directoryWithoutFoldersYieldsNothing()
@@ -550,65 +546,6 @@ void TestAvailableAircraft::foldersWithUnusualNamesAreRead()
     QCOMPARE(walk.run({accents, "[x] {y} %1"}), QString());
     QCOMPARE(walk.walk.folders, (QStringList{inDirectory(accents), inDirectory("[x] {y} %1")}));
     QCOMPARE(walk.walk.entries, (QStringList{"Boeing 477", "Airbus 454"}));
-}
-
-void TestAvailableAircraft::entryIsTakenApartAtTheBlankBeforeItsSpeed_data()
-{
-    QTest::addColumn<QString>("entry");
-    QTest::addColumn<QString>("title");
-    QTest::addColumn<QString>("speed");
-    QTest::newRow("one figure") << "Boeing 5"
-                                << "Boeing"
-                                << " 5";
-    QTest::newRow("two figures") << "Boeing 55"
-                                 << "Boeing"
-                                 << " 55";
-    QTest::newRow("three figures") << "Boeing 555"
-                                   << "Boeing"
-                                   << " 555";
-    QTest::newRow("four figures") << "Boeing 5555"
-                                  << "Boeing"
-                                  << " 5555";
-    QTest::newRow("title ends in a short word") << "Boeing 7 250"
-                                                << "Boeing 7"
-                                                << " 250";
-    QTest::newRow("title ends in a figure") << "B 7 5"
-                                            << "B 7"
-                                            << " 5";
-    QTest::newRow("minus") << "Boeing -4"
-                           << "Boeing"
-                           << " -4";
-    QTest::newRow("title of one character") << "B 5"
-                                            << "B"
-                                            << " 5";
-}
-
-void TestAvailableAircraft::entryIsTakenApartAtTheBlankBeforeItsSpeed()
-{
-    QFETCH(QString, entry);
-    QFETCH(QString, title);
-    QFETCH(QString, speed);
-    available_aircraft::SplitEntry split{"before", "before"};
-    split.split(entry);
-    QCOMPARE(split.title, title);
-    QCOMPARE(split.Speed, speed);
-}
-
-void TestAvailableAircraft::speedOfFiveFiguresKeepsTheValuesOfTheEntryBefore()
-{
-    available_aircraft::SplitEntry split;
-    split.split("Airbus 454");
-    split.split("Boeing 12345");
-    QCOMPARE(split.title, QString("Airbus"));
-    QCOMPARE(split.Speed, QString(" 454"));
-}
-
-void TestAvailableAircraft::speedOfFiveFiguresFirstLeavesBothEmpty()
-{
-    available_aircraft::SplitEntry split;
-    split.split("Boeing 12345");
-    QCOMPARE(split.title, QString());
-    QCOMPARE(split.Speed, QString());
 }
 
 QTEST_GUILESS_MAIN(TestAvailableAircraft)

@@ -114,6 +114,7 @@ private Q_SLOTS:
     void fileOfAnotherNameIsRefused_data();
     void fileOfAnotherNameIsRefused();
     void refusalForgetsTheFileChosenBefore();
+    void everyChangeOfTheTextFileIsTold();
     void tToolsIsEnabledOnlyWhenItStandsBesideTheTextFile();
     void editIsEnabledEvenWhenTheListsCouldNotBeFilled();
     void editOpensNotepadAndAsks();
@@ -231,7 +232,7 @@ void TestChoosingFiles::acceptedDirectoryBecomesTheDirectoryInUse()
     QCOMPARE(chosen.count(), 1);
     QCOMPARE(chosen[0][0].toString(), QString("C:\\FS9\\Aircraft"));
     QCOMPARE(user.find<FileListBox>("File1")->path(), QString("C:\\FS9\\Aircraft"));
-    QCOMPARE(user.find<FileListBox>("File1")->fileName(), QString());
+    QVERIFY(!user.find<FileListBox>("File1")->currentIndex().isValid());
 }
 
 void TestChoosingFiles::otherDirectoryChangesNothingButHidesTheList()
@@ -564,6 +565,26 @@ void TestChoosingFiles::refusalForgetsTheFileChosenBefore()
     QCOMPARE(user.services.state.AircraftTextDir, QString());
 }
 
+void TestChoosingFiles::everyChangeOfTheTextFileIsTold()
+{
+    ChosenPage user;
+    const QString other = "C:\\TTools\\Aircraft_Other.txt";
+    user.sandbox.write(other, "");
+    QStringList told;
+    connect(user.window.get(), &AircraftLoaderPage::textFileChanged, this,
+            [&](const QString &path) {
+                QCOMPARE(user.services.state.AircraftTextDir, path);
+                told += path;
+            });
+    user.chooseTextFile(other);
+    user.window->takeFileOfSet(AircraftLoaderDriver::textFile);
+    user.window->forgetFile(other); // is not the one in use
+    user.window->forgetFile(AircraftLoaderDriver::textFile.toUpper());
+    user.window->restoreTextFile(other);
+    user.chooseTextFile(""); // cancelled
+    QCOMPARE(told, (QStringList{other, AircraftLoaderDriver::textFile, "", other, ""}));
+}
+
 void TestChoosingFiles::tToolsIsEnabledOnlyWhenItStandsBesideTheTextFile()
 {
     ChosenPage user;
@@ -587,11 +608,13 @@ void TestChoosingFiles::editIsEnabledEvenWhenTheListsCouldNotBeFilled()
 void TestChoosingFiles::editOpensNotepadAndAsks()
 {
     ChosenPage user;
+    QString step;
+    user.outside.processes.whileRunning = [&] { step = user.services.state.ErrMsg; };
     user.press("cmdEdit");
     QCOMPARE(user.outside.processes.started,
              QStringList{"NOTEPAD.EXE C:\\TTools\\Aircraft_Set.txt"});
     QCOMPARE(user.outside.processes.windowStyles, QList<int>{1});
-    QCOMPARE(user.services.state.ErrMsg, QString("Command Edit Shelling Notepad"));
+    QCOMPARE(step, QString("Command Edit Shelling Notepad"));
     QCOMPARE(user.outside.dialogs.boxes.size(), 1);
     const MessageBox box = user.outside.dialogs.boxes[0];
     QCOMPARE(box.buttons, MessageBox::Buttons::YesNo);

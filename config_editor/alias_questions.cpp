@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#include "config_editor/alias_questions.h"
+
+#include "app/services/step.h"
+#include "config_editor/panel_cfg.h"
+#include "platform/dialogs.h"
+#include "platform/files.h"
+
+std::optional<QString> AliasQuestions::panelToEdit(const QString &panelFile, const QString &cfgFile,
+                                                   AircraftRoot root, Step &step)
+{
+    const auto isWanted = [this](const QString &title, const QString &prompt) {
+        return m_dialogs.show({.prompt = prompt,
+                               .title = title,
+                               .icon = MessageBox::Icon::Information,
+                               .buttons = MessageBox::Buttons::YesNo,
+                               .defaultButton = MessageBox::Answer::Yes}) ==
+               MessageBox::Answer::Yes;
+    };
+    QString chosen = panelFile;
+    step.set("Opening " + panelFile);
+    if (const auto alias = panel_cfg::aliasIn(files::readAll(panelFile))) {
+        chosen = panel_cfg::aliasedPath(cfgFile, root, *alias);
+        m_declined = !isWanted("Aliased Panel", "This Panel is Aiased to " + *alias +
+                                                    "\r\rDo you want to edit the aliased Panel?");
+        if (m_declined) {
+            chosen = panel_cfg::originalPath(cfgFile);
+            m_declined =
+                !isWanted("Original Panel", "Do you want to edit this non-aliased Panel?\r\r" +
+                                                panel_cfg::path(cfgFile, QString()));
+        }
+    }
+    return m_declined ? std::nullopt : std::optional(chosen);
+}
