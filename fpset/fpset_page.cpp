@@ -18,23 +18,66 @@ namespace
 constexpr qsizetype shownPathLimit = 50; // characters
 constexpr int aircraftPage = 0;
 constexpr int airportPage = 1;
-const QString applicationTitle = QStringLiteral("Morlen Utilities");
 const QString errorTitle = QStringLiteral("Create File Error");
-const QString quitCaption = QStringLiteral("Quit");
+const QString okCaption = QStringLiteral("OK");
+const QString browseCaption = QStringLiteral("Browse");
 const QString doneCaption = QStringLiteral("All Done!");
 
-void setEnabledAll(bool on, std::initializer_list<QWidget *> controls)
+void setEnabledAll(bool on, const QList<QWidget *> &controls)
 {
     for (QWidget *control : controls) {
         control->setEnabled(on);
     }
 }
 
-/// The frame the user works in now.
-void makeCurrentStep(QGroupBox *frame)
+enum StepNumber { Naming, Airports, Aircraft, Creation };
+
+/// A step's frame, and the controls it begins with: the first one gets the focus.
+struct StepFrame {
+    QGroupBox *frame;
+    QList<QWidget *> controls;
+};
+
+StepFrame stepFrame(const Ui::FpSetPage &ui, int number)
 {
-    frame->setEnabled(true);
-    showCurrentStep(frame);
+    const QList<StepFrame> steps = {
+        {ui.tab2Frame12, {ui.tab2txtFltPlan, ui.tab2Command2}},
+        {ui.tab2Frame2, {ui.tab2optCreatefile, ui.tab2optCopyFile, ui.tab2cmdAirport}},
+        {ui.tab2Frame3, {ui.tab2optCreateNewAircraft, ui.tab2optCopyExistingAircraft}},
+        {ui.tab2Frame4, {ui.tab2cmdCreateNewFP}}};
+    return steps[number];
+}
+
+void finishStep(QGroupBox *frame)
+{
+    showDone(frame);
+    setEnabledAll(false, frame->findChildren<QWidget *>(Qt::FindDirectChildrenOnly));
+}
+
+void giveUpStep(QGroupBox *frame)
+{
+    frame->setEnabled(false);
+    finishStep(frame);
+}
+
+void enterStep(const Ui::FpSetPage &ui, StepNumber number)
+{
+    const StepFrame step = stepFrame(ui, number);
+    step.frame->setEnabled(true);
+    showCurrentStep(step.frame);
+    setEnabledAll(true, step.controls);
+    focusIfShown(step.controls.first()); // the step before is about to lose it
+    if (number > Naming) {
+        finishStep(stepFrame(ui, number - 1).frame);
+    }
+}
+
+/// Lets the button of a step be used, as the option chosen has it.
+void offer(QPushButton *button, const QString &caption)
+{
+    button->setText(caption);
+    button->setEnabled(true);
+    focusIfShown(button);
 }
 
 } // namespace
@@ -47,13 +90,6 @@ FpSetPage::FpSetPage(Services &services, QWidget *parent)
 {
     ui->setupUi(this);
     showCurrentStep(ui->tab2TToolsDir);
-    connectControls();
-}
-
-FpSetPage::~FpSetPage() = default;
-
-void FpSetPage::connectControls()
-{
     using Page = FpSetPage;
     const auto onClick = [this](QAbstractButton *button, void (Page::*handler)()) {
         connect(button, &QAbstractButton::clicked, this, handler);
@@ -72,6 +108,8 @@ void FpSetPage::connectControls()
     connect(ui->tab2txtFltPlan, &QLineEdit::returnPressed, ui->tab2Command2, &QPushButton::click);
     connect(ui->Tab2lblHelp, &LinkLabel::clicked, this, &Page::helpWanted);
 }
+
+FpSetPage::~FpSetPage() = default;
 
 void FpSetPage::prepare()
 {
@@ -93,17 +131,9 @@ void FpSetPage::showTTools(const QString &path)
 
 void FpSetPage::enableNaming()
 {
-    if (ui->tab2txtTToolsDir->text().isEmpty()) {
-        return;
+    if (!ui->tab2txtTToolsDir->text().isEmpty()) {
+        enterStep(*ui, Naming);
     }
-    showDone(ui->tab2TToolsDir);
-    enterNamingStep();
-}
-
-void FpSetPage::enterNamingStep()
-{
-    makeCurrentStep(ui->tab2Frame12);
-    setEnabledAll(true, {ui->tab2Command2, ui->tab2txtFltPlan});
 }
 
 void FpSetPage::focusNameBox()
@@ -122,14 +152,9 @@ void FpSetPage::continueWithSet()
     focusIfShown(ui->tab2cmdCreateNewFP);
 }
 
-void FpSetPage::trace(const QString &text)
-{
-    m_services.log.write(text);
-}
-
 void FpSetPage::beginStep(const QString &text, Step &step)
 {
-    trace(text);
+    m_services.log.write(text);
     step.set(text);
 }
 
@@ -152,35 +177,28 @@ void FpSetPage::tab2cmdFindTTools_Click()
         {.filter = "Traffic Tools (TTools) (*.exe)|TTools*.exe|", .startFolder = {}});
     ui->tab2txtTToolsDir->setText(shortenedPath(path, shownPathLimit));
     m_state.strTToolsPath = path;
-    trace("TTools Path = " + path);
-    if (!path.isEmpty() && m_services.shell.CheckFileExists(path)) {
-        takeTToolsDirectory(path);
-    } else {
+    m_services.log.write("TTools Path = " + path);
+    if (path.isEmpty() || !m_services.shell.CheckFileExists(path)) {
         refuseTTools();
+        return;
     }
-}
-
-void FpSetPage::takeTToolsDirectory(const QString &path)
-{
     m_state.strTToolsDir = tToolsFolder(path);
     showDone(ui->tab2TToolsDir);
     ui->tab2TToolsDir->setTitle("TTools Directory");
     setEnabledAll(false, {ui->tab2txtTToolsDir, ui->tab2cmdFindTTools});
-    enterNamingStep();
-    focusNameBox();
-    trace("TTools Directory = " + m_state.strTToolsDir);
+    enterStep(*ui, Naming);
+    m_services.log.write("TTools Directory = " + m_state.strTToolsDir);
 }
 
 void FpSetPage::refuseTTools()
 {
     m_services.dialogs.show(
-        {.prompt = "Please select your TTools directory!", .title = applicationTitle});
+        {.prompt = "Please select your TTools directory!", .title = "Morlen Utilities"});
     ui->tab2txtTToolsDir->clear();
     // Without a directory on show no set is named, least of all in the one before.
     m_state.strTToolsDir.clear();
     showCurrentStep(ui->tab2TToolsDir);
-    showDone(ui->tab2Frame12);
-    setEnabledAll(false, {ui->tab2Frame12, ui->tab2Command2, ui->tab2txtFltPlan});
+    giveUpStep(ui->tab2Frame12);
     focusIfShown(ui->tab2txtTToolsDir);
 }
 
@@ -193,11 +211,8 @@ void FpSetPage::tab2Command2_Click()
         return;
     }
     const QString name = fpset_name::withExtension(typed);
-    if (name != typed) {
-        ui->tab2txtFltPlan->setText(name);
-    }
-    CheckForValidFileName(name);
-    if (!m_nameValid) {
+    ui->tab2txtFltPlan->setText(name);
+    if (!CheckForValidFileName(name)) {
         return;
     }
     m_setName = name;
@@ -210,18 +225,19 @@ void FpSetPage::tab2Command2_Click()
         return;
     }
     enterAirportStep();
-    trace("FlightPlan File = " + m_set.flightPlanPath);
+    m_services.log.write("FlightPlan File = " + m_set.flightPlanPath);
 }
 
-void FpSetPage::CheckForValidFileName(const QString &fileName)
+bool FpSetPage::CheckForValidFileName(const QString &fileName)
 {
-    m_nameValid = fpset_name::isValid(fileName);
-    if (!m_nameValid) {
+    const bool valid = fpset_name::isValid(fileName);
+    if (!valid) {
         m_services.dialogs.show({.prompt = "Invalid File Name!",
                                  .title = "Name Error",
                                  .icon = MessageBox::Icon::Critical});
         focusNameEnd();
     }
+    return valid;
 }
 
 bool FpSetPage::FileExists(const QString &path)
@@ -237,53 +253,45 @@ void FpSetPage::startOverNaming()
 
 void FpSetPage::enterAirportStep()
 {
+    enterStep(*ui, Airports);
     setEnabledAll(false, {ui->tab2TToolsDir, ui->tab2cmdFindTTools});
-    makeCurrentStep(ui->tab2Frame2);
-    showDone(ui->tab2Frame12);
-    setEnabledAll(true, {ui->tab2optCreatefile, ui->tab2optCopyFile});
-    unsetOptions({ui->tab2optCreatefile, ui->tab2optCopyFile});
     ui->tab2Frame2->setTitle(" Create a new Airports File");
     ui->tab2Frame3->setTitle(" Create a new Aircraft File");
     ui->tab2optCreatefile->setToolTip(" Click to create a new Airports File");
-    focusIfShown(ui->tab2optCreatefile); // the name box and its button are about to lose it
-    setEnabledAll(false, {ui->tab2Command2, ui->tab2txtFltPlan});
-    ui->tab2cmdAirport->setEnabled(true);
 }
 
 void FpSetPage::tab2optCreatefile_Click()
 {
-    ui->tab2cmdAirport->setText("OK");
-    ui->tab2cmdAirport->setEnabled(true);
-    focusIfShown(ui->tab2cmdAirport);
-    ui->tab2txtAirport->setEnabled(false);
+    offer(ui->tab2cmdAirport, okCaption);
 }
 
 void FpSetPage::tab2optCopyFile_Click()
 {
-    ui->tab2cmdAirport->setText("Browse");
-    ui->tab2cmdAirport->setEnabled(true);
-    focusIfShown(ui->tab2cmdAirport);
+    offer(ui->tab2cmdAirport, browseCaption);
     ui->tab2txtAircraft->setEnabled(true); // the aircraft box: this product crosses over here
 }
 
 void FpSetPage::tab2cmdAirport_Click()
 {
+    QString source;
     if (ui->tab2optCopyFile->isChecked()) {
-        const QString source =
-            m_services.dialogs.openFile({.filter = "Airport Text Files (*.txt)|airports*.txt|",
-                                         .startFolder = m_state.strTToolsDir});
+        source = m_services.dialogs.openFile({.filter = "Airport Text Files (*.txt)|airports*.txt|",
+                                              .startFolder = m_state.strTToolsDir});
         if (source.isEmpty()) {
             showNotice("Please select the Airports Text File!");
             return;
         }
-        trace("Airport Text File = " + source);
-        enterAircraftStep(source);
+        m_services.log.write("Airport Text File = " + source);
     } else if (ui->tab2optCreatefile->isChecked()) {
         askForAirports();
-        enterAircraftStep({});
     } else {
         focusIfShown(ui->tab2optCreatefile); // neither is chosen yet
+        return;
     }
+    ui->tab2optCreateNewAircraft->setToolTip(
+        " Create an empty Aircraft File and add Aircraft to it later ");
+    ui->tab2txtAirport->setText(source);
+    enterStep(*ui, Aircraft);
 }
 
 void FpSetPage::askForAirports()
@@ -291,39 +299,21 @@ void FpSetPage::askForAirports()
     m_state.newAirportFlag = true;
     Q_EMIT airportsWanted(m_set.airportPath);
     Q_EMIT pageWanted(airportPage);
-    trace("Airport Text File = " + m_set.airportPath);
+    m_services.log.write("Airport Text File = " + m_set.airportPath);
     if (m_state.ShowAddAirportHelp) {
         Q_EMIT reminderDue();
     }
 }
 
-void FpSetPage::enterAircraftStep(const QString &airportSource)
-{
-    ui->tab2optCreateNewAircraft->setToolTip(
-        " Create an empty Aircraft File and add Aircraft to it later ");
-    ui->tab2txtAirport->setText(airportSource);
-    showDone(ui->tab2Frame2);
-    makeCurrentStep(ui->tab2Frame3);
-    setEnabledAll(false, {ui->tab2cmdAircraft, ui->tab2txtAirport});
-    setEnabledAll(true, {ui->tab2optCreateNewAircraft, ui->tab2optCopyExistingAircraft});
-    unsetOptions({ui->tab2optCreateNewAircraft, ui->tab2optCopyExistingAircraft});
-    focusIfShown(ui->tab2optCreateNewAircraft); // the airport button is about to lose it
-    setEnabledAll(false, {ui->tab2optCreatefile, ui->tab2optCopyFile, ui->tab2cmdAirport});
-}
-
 void FpSetPage::tab2optCreateNewAircraft_Click()
 {
-    ui->tab2cmdAircraft->setText("OK");
-    ui->tab2cmdAircraft->setEnabled(true);
-    focusIfShown(ui->tab2cmdAircraft);
+    offer(ui->tab2cmdAircraft, okCaption);
     ui->tab2txtAircraft->setEnabled(false);
 }
 
 void FpSetPage::tab2optCopyExistingAircraft_Click()
 {
-    ui->tab2cmdAircraft->setText("Browse");
-    ui->tab2cmdAircraft->setEnabled(true);
-    focusIfShown(ui->tab2cmdAircraft);
+    offer(ui->tab2cmdAircraft, browseCaption);
     ui->tab2txtAircraft->setEnabled(true);
 }
 
@@ -338,12 +328,12 @@ void FpSetPage::tab2cmdAircraft_Click()
                 showNotice("Please select the Aircraft Text File!"); // and on all the same
             } else {
                 ui->tab2txtAircraft->setText(source);
-                trace("Aircraft Text File = " + source);
+                m_services.log.write("Aircraft Text File = " + source);
             }
         } else {
             askForAircraft(step);
         }
-        enterCreationStep();
+        enterStep(*ui, Creation);
     });
 }
 
@@ -358,16 +348,6 @@ void FpSetPage::askForAircraft(Step &step)
     Q_EMIT aircraftWanted(m_set.aircraftPath);
 }
 
-void FpSetPage::enterCreationStep()
-{
-    showDone(ui->tab2Frame3);
-    makeCurrentStep(ui->tab2Frame4);
-    ui->tab2cmdCreateNewFP->setEnabled(true);
-    focusIfShown(ui->tab2cmdCreateNewFP);
-    setEnabledAll(false, {ui->tab2optCopyFile, ui->tab2cmdAircraft, ui->tab2optCreateNewAircraft,
-                          ui->tab2optCopyExistingAircraft, ui->tab2txtAircraft});
-}
-
 void FpSetPage::tab2cmdCreateNewFP_Click()
 {
     if (!m_services.errors.run(errorTitle, [this](Step &step) { createFiles(step); })) {
@@ -380,13 +360,17 @@ void FpSetPage::tab2cmdCreateNewFP_Click()
         {.prompt = "FlightPlan file set " + m_set.flightPlanPath + " created successfully!",
          .title = "Create Files",
          .icon = MessageBox::Icon::Information});
-    leaveCreationStep();
+    ui->tab2cmdQuit->setText(doneCaption);
+    focusIfShown(ui->tab2cmdQuit);
+    m_setCreated = true;
+    m_state.newAirportFlag = false;
+    Q_EMIT setCreated();
     ui->tab2cmdCancel->click();
 }
 
 void FpSetPage::createFiles(Step &step)
 {
-    trace("Creating New FlightPlan Set");
+    m_services.log.write("Creating New FlightPlan Set");
     if (ui->tab2optCopyFile->isChecked()) {
         const QString source = ui->tab2txtAirport->text();
         beginStep("Copy " + source + " to " + m_set.airportPath, step);
@@ -406,20 +390,6 @@ void FpSetPage::createFiles(Step &step)
     fpset_files::createEmpty(m_set.flightPlanPath, step);
 }
 
-void FpSetPage::leaveCreationStep()
-{
-    setEnabledAll(true, {ui->tab2TToolsDir, ui->tab2cmdFindTTools});
-    ui->tab2Frame4->setEnabled(false);
-    showDone(ui->tab2Frame4);
-    ui->tab2cmdCreateNewFP->setEnabled(false);
-    ui->tab2cmdQuit->setEnabled(true);
-    ui->tab2cmdQuit->setText(doneCaption);
-    focusIfShown(ui->tab2cmdQuit);
-    m_setCreated = true;
-    m_state.newAirportFlag = false;
-    Q_EMIT setCreated();
-}
-
 void FpSetPage::tab2cmdCancel_Click()
 {
     if (!m_setCreated) {
@@ -433,16 +403,23 @@ void FpSetPage::tab2cmdCancel_Click()
     ui->tab2txtAirport->clear();
     ui->tab2txtAircraft->clear();
     if (ui->tab2txtTToolsDir->text().isEmpty()) {
-        setEnabledAll(false, {ui->tab2Frame12, ui->tab2Command2, ui->tab2txtFltPlan});
+        giveUpStep(ui->tab2Frame12);
         focusIfShown(ui->tab2cmdFindTTools);
     } else {
-        enterNamingStep();
+        enterStep(*ui, Naming);
         ui->tab2txtFltPlan->setText(fpset_name::defaultName);
     }
-    resetSteps();
+    ui->tab2txtFltPlan->setEnabled(true); // within its frame, which may be disabled
+    for (QGroupBox *frame : {ui->tab2Frame2, ui->tab2Frame3, ui->tab2Frame4}) {
+        giveUpStep(frame);
+    }
+    ui->tab2cmdAirport->setText(browseCaption);
+    ui->tab2cmdAircraft->setText(browseCaption);
+    unsetOptions({ui->tab2optCreatefile, ui->tab2optCopyFile, ui->tab2optCreateNewAircraft,
+                  ui->tab2optCopyExistingAircraft});
     focusNameEnd();
     setEnabledAll(true, {ui->tab2TToolsDir, ui->tab2cmdFindTTools});
-    ui->tab2cmdQuit->setText(quitCaption);
+    ui->tab2cmdQuit->setText("Quit");
     Q_EMIT setClosed();
 }
 
@@ -464,28 +441,9 @@ void FpSetPage::discardFilesOfSet()
     }
 }
 
-void FpSetPage::resetSteps()
-{
-    ui->tab2txtFltPlan->setEnabled(true); // within its frame, which may be disabled
-    for (QGroupBox *frame : {ui->tab2Frame2, ui->tab2Frame3, ui->tab2Frame4}) {
-        frame->setEnabled(false);
-        showDone(frame);
-    }
-    for (QPushButton *button : {ui->tab2cmdAirport, ui->tab2cmdAircraft}) {
-        button->setEnabled(false);
-        button->setText("Browse");
-    }
-    setEnabledAll(false, {ui->tab2txtAirport, ui->tab2txtAircraft, ui->tab2cmdCreateNewFP,
-                          ui->tab2optCreatefile, ui->tab2optCopyFile, ui->tab2optCreateNewAircraft,
-                          ui->tab2optCopyExistingAircraft});
-    unsetOptions({ui->tab2optCreatefile, ui->tab2optCopyFile, ui->tab2optCreateNewAircraft,
-                  ui->tab2optCopyExistingAircraft});
-}
-
 void FpSetPage::tab2cmdQuit_Click()
 {
     if (ui->tab2cmdQuit->text() == doneCaption) {
-        ui->tab2cmdQuit->setText(quitCaption);
         ui->tab2cmdCancel->click();
     }
     Q_EMIT quitPressed();

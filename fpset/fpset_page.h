@@ -73,27 +73,19 @@ private:
     void tab2cmdCancel_Click();
     void tab2cmdQuit_Click();
 
-    void CheckForValidFileName(const QString &fileName);
+    bool CheckForValidFileName(const QString &fileName);
     static bool FileExists(const QString &path);
 
     // The steps, in their order.
-    void connectControls();
-    void takeTToolsDirectory(const QString &path);
-    void enterNamingStep();
     void refuseTTools();
     void startOverNaming();
     void enterAirportStep();
     void askForAirports();
-    void enterAircraftStep(const QString &airportSource);
     void askForAircraft(Step &step);
-    void enterCreationStep();
     void createFiles(Step &step);
-    void leaveCreationStep();
     void discardFilesOfSet();
-    void resetSteps();
 
     void focusNameEnd();
-    void trace(const QString &text);
     /// Names the step for the log and for error reports alike.
     void beginStep(const QString &text, Step &step);
     void showNotice(const QString &prompt);
@@ -103,7 +95,6 @@ private:
     std::unique_ptr<Ui::FpSetPage> ui;
     QString m_setName;          ///< the verified name of the set in progress
     fpset_name::FileSet m_set;  ///< and its files
-    bool m_nameValid = false;   ///< what CheckForValidFileName found
     bool m_newAircraft = false; ///< "Create New" was used for aircraft, in any set so far
     bool m_setCreated = false;  ///< a set has been created since the start
 };
