@@ -7,6 +7,7 @@
 #include "app/services/fs_location.h"
 #include "app/services/look.h"
 #include "app/services/path_display.h"
+#include "app/services/set_in_progress.h"
 #include "platform/basic.h"
 #include "platform/blind_to_case.h"
 #include "platform/code_page.h"
@@ -33,11 +34,13 @@ constexpr qsizetype chosenPathLimit = 50;   // and when it was just chosen
 
 } // namespace
 
-AircraftLoaderPage::AircraftLoaderPage(Services &services, QWidget *parent)
+AircraftLoaderPage::AircraftLoaderPage(Services &services, const SetInProgress &set,
+                                       QWidget *parent)
     : QWidget(parent),
       ui(std::make_unique<Ui::AircraftLoaderPage>()),
       m_services(services),
-      m_state(services.state)
+      m_state(services.state),
+      m_set(set)
 {
     ui->setupUi(this);
     showCurrentStep(ui->noDirectoryLabel);
@@ -265,15 +268,13 @@ void AircraftLoaderPage::cmdAddAI_Click()
                                  .icon = MessageBox::Icon::Critical});
         return;
     }
-    m_state.AddAircraftFlag = true;
     m_services.dialogs.show({.prompt = "All Done!  AI Aircraft Added",
                              .title = "Add AI",
                              .icon = MessageBox::Icon::Information});
     ClearLists();
     LoadList();
-    if (m_state.newAircraftSetOpen) {
-        Q_EMIT aircraftAddedForSet();
-    } else {
+    Q_EMIT aircraftAdded();
+    if (!m_set.reLoadNewPlan) {
         focusIfShown(ui->cmdQuit);
     }
 }
@@ -360,8 +361,9 @@ void AircraftLoaderPage::Dir1_Change()
         Q_EMIT directoryChosen(directory);
         ui->frmDriveDialog->hide();
         ui->Tab0List2->show();
-        if (m_state.reLoadNewPlan) { // the set being filled keeps its file
+        if (m_set.reLoadNewPlan) { // the set being filled keeps its file
             takeFileOfSet(m_state.AircraftTextDir);
+            fillFromTextFile();
         }
     });
 }
@@ -511,7 +513,6 @@ void AircraftLoaderPage::restoreTextFile(const QString &path)
 void AircraftLoaderPage::takeFileOfSet(const QString &path)
 {
     takeTextFile(path, restoredPathLimit);
-    fillFromTextFile();
 }
 
 void AircraftLoaderPage::forgetFile(const QString &path)

@@ -17,13 +17,14 @@ class AircraftLoaderPage;
 
 class LinkLabel;
 class ListBox;
+struct SetInProgress;
 
 class AircraftLoaderPage : public QWidget
 {
     Q_OBJECT
 
 public:
-    explicit AircraftLoaderPage(Services &services, QWidget *parent = nullptr);
+    AircraftLoaderPage(Services &services, const SetInProgress &set, QWidget *parent = nullptr);
     ~AircraftLoaderPage() override;
 
     /// Rebuilds the lists from the text file and the aircraft directory. Failures are shown.
@@ -45,8 +46,9 @@ public:
     /// Shows the text file of the previous run and, when there is a directory too, fills the lists.
     void restoreTextFile(const QString &path);
 
-    /// Makes a set's aircraft file the current one and loads the lists for it.
+    /// Makes a set's aircraft file the current one; fillFromTextFile loads the lists for it.
     void takeFileOfSet(const QString &path);
+    void fillFromTextFile();
 
     /// Asks for a text file when this one was the current one: it is gone.
     void forgetFile(const QString &path);
@@ -60,7 +62,7 @@ public:
 Q_SIGNALS:
     void simulatorVersionChosen();
     void directoryChosen(const QString &directory);
-    void aircraftAddedForSet();
+    void aircraftAdded();
     void quitPressed();
     void helpWanted();
 
@@ -90,7 +92,6 @@ private:
     void checkAll(bool on);
     bool enableAddAircraft();
     void takeTextFile(const QString &path, qsizetype limit);
-    void fillFromTextFile();
     void refuseTextFile();
     void askForTextFile();
     void showLists(bool visible);
@@ -99,6 +100,7 @@ private:
     std::unique_ptr<Ui::AircraftLoaderPage> ui;
     Services &m_services;
     FormState &m_state;
+    const SetInProgress &m_set;
     AircraftWalk m_walk;
     AircraftWalk::Layout m_layout; ///< AirplanesLayout and RotorcraftLayout
     std::int16_t AircraftCount = 0;

@@ -3,6 +3,7 @@
 
 #include "app/services/look.h"
 #include "app/services/path_display.h"
+#include "app/services/set_in_progress.h"
 #include "fpset/fpset_files.h"
 #include "platform/blind_to_case.h"
 #include "platform/controls/control_state.h"
@@ -16,8 +17,6 @@ namespace
 {
 
 constexpr qsizetype shownPathLimit = 50; // characters
-constexpr int aircraftPage = 0;
-constexpr int airportPage = 1;
 const QString errorTitle = QStringLiteral("Create File Error");
 const QString okCaption = QStringLiteral("OK");
 const QString browseCaption = QStringLiteral("Browse");
@@ -82,11 +81,12 @@ void offer(QPushButton *button, const QString &caption)
 
 } // namespace
 
-FpSetPage::FpSetPage(Services &services, QWidget *parent)
+FpSetPage::FpSetPage(Services &services, SetInProgress &set, QWidget *parent)
     : QWidget(parent),
       m_services(services),
       m_state(services.state),
-      ui(std::make_unique<Ui::FpSetPage>())
+      ui(std::make_unique<Ui::FpSetPage>()),
+      m_set(set)
 {
     ui->setupUi(this);
     showCurrentStep(ui->tab2TToolsDir);
@@ -116,8 +116,7 @@ void FpSetPage::prepare()
     ui->tab2txtFltPlan->setText(fpset_name::defaultName);
     ui->tab2txtFltPlan->end(false);
     m_state.DefaultName = ui->tab2txtFltPlan->text();
-    m_state.AddAirportsFlag = false;
-    m_state.AddAircraftFlag = false;
+    m_set = {};
 }
 
 void FpSetPage::showTTools(const QString &path)
@@ -141,15 +140,21 @@ void FpSetPage::focusNameBox()
     focusIfShown(ui->tab2txtFltPlan);
 }
 
-void FpSetPage::showAirportFile()
+void FpSetPage::continueWithAirports(bool any)
 {
-    ui->tab2txtAirport->setText(m_set.airportFile);
+    if (m_set.newAirportFlag) {
+        m_set.AddAirportsFlag = m_set.AddAirportsFlag || any;
+        ui->tab2txtAirport->setText(m_files.airportFile);
+    }
 }
 
-void FpSetPage::continueWithSet()
+void FpSetPage::continueWithAircraft()
 {
-    ui->tab2txtFltPlan->setText(m_setName);
-    focusIfShown(ui->tab2cmdCreateNewFP);
+    m_set.AddAircraftFlag = true;
+    if (m_set.reLoadNewPlan) { // its name is in the box still
+        Q_EMIT setContinues();
+        focusIfShown(ui->tab2cmdCreateNewFP);
+    }
 }
 
 void FpSetPage::beginStep(const QString &text, Step &step)
@@ -215,9 +220,8 @@ void FpSetPage::tab2Command2_Click()
     if (!CheckForValidFileName(name)) {
         return;
     }
-    m_setName = name;
-    m_set = fpset_name::filesOf(m_state.strTToolsDir, name);
-    if (FileExists(m_set.flightPlanPath)) {
+    m_files = fpset_name::filesOf(m_state.strTToolsDir, name);
+    if (FileExists(m_files.flightPlanPath)) {
         m_services.dialogs.show({.prompt = "Sorry!  That name is already in use",
                                  .title = "File Error",
                                  .icon = MessageBox::Icon::Critical});
@@ -225,7 +229,7 @@ void FpSetPage::tab2Command2_Click()
         return;
     }
     enterAirportStep();
-    m_services.log.write("FlightPlan File = " + m_set.flightPlanPath);
+    m_services.log.write("FlightPlan File = " + m_files.flightPlanPath);
 }
 
 bool FpSetPage::CheckForValidFileName(const QString &fileName)
@@ -296,10 +300,9 @@ void FpSetPage::tab2cmdAirport_Click()
 
 void FpSetPage::askForAirports()
 {
-    m_state.newAirportFlag = true;
-    Q_EMIT airportsWanted(m_set.airportPath);
-    Q_EMIT pageWanted(airportPage);
-    m_services.log.write("Airport Text File = " + m_set.airportPath);
+    m_set.newAirportFlag = true;
+    Q_EMIT airportsWanted(m_files.airportPath);
+    m_services.log.write("Airport Text File = " + m_files.airportPath);
     if (m_state.ShowAddAirportHelp) {
         Q_EMIT reminderDue();
     }
@@ -340,12 +343,10 @@ void FpSetPage::tab2cmdAircraft_Click()
 void FpSetPage::askForAircraft(Step &step)
 {
     m_newAircraft = true;
-    beginStep("Creating  " + m_set.aircraftPath, step);
-    fpset_files::ensureExists(m_set.aircraftPath);
-    m_state.newAircraftSetOpen = true;
-    m_state.reLoadNewPlan = true;
-    Q_EMIT pageWanted(aircraftPage);
-    Q_EMIT aircraftWanted(m_set.aircraftPath);
+    beginStep("Creating  " + m_files.aircraftPath, step);
+    fpset_files::ensureExists(m_files.aircraftPath);
+    m_set.reLoadNewPlan = true;
+    Q_EMIT aircraftWanted(m_files.aircraftPath);
 }
 
 void FpSetPage::tab2cmdCreateNewFP_Click()
@@ -353,17 +354,17 @@ void FpSetPage::tab2cmdCreateNewFP_Click()
     if (!m_services.errors.run(errorTitle, [this](Step &step) { createFiles(step); })) {
         return; // what was created stays, and the step too, for another try
     }
-    if (m_state.AircraftTextDir.compare(m_set.aircraftPath, Qt::CaseInsensitive) != 0) {
-        Q_EMIT aircraftFileChosen(m_set.aircraftPath);
+    if (m_state.AircraftTextDir.compare(m_files.aircraftPath, Qt::CaseInsensitive) != 0) {
+        Q_EMIT aircraftFileChosen(m_files.aircraftPath);
     }
     m_services.dialogs.show(
-        {.prompt = "FlightPlan file set " + m_set.flightPlanPath + " created successfully!",
+        {.prompt = "FlightPlan file set " + m_files.flightPlanPath + " created successfully!",
          .title = "Create Files",
          .icon = MessageBox::Icon::Information});
     ui->tab2cmdQuit->setText(doneCaption);
     focusIfShown(ui->tab2cmdQuit);
     m_setCreated = true;
-    m_state.newAirportFlag = false;
+    m_set.newAirportFlag = false;
     Q_EMIT setCreated();
     ui->tab2cmdCancel->click();
 }
@@ -373,33 +374,28 @@ void FpSetPage::createFiles(Step &step)
     m_services.log.write("Creating New FlightPlan Set");
     if (ui->tab2optCopyFile->isChecked()) {
         const QString source = ui->tab2txtAirport->text();
-        beginStep("Copy " + source + " to " + m_set.airportPath, step);
-        fpset_files::copy(source, m_set.airportPath, step);
+        beginStep("Copy " + source + " to " + m_files.airportPath, step);
+        fpset_files::copy(source, m_files.airportPath, step);
     }
     if (ui->tab2optCopyExistingAircraft->isChecked()) {
         const QString source = ui->tab2txtAircraft->text();
-        beginStep("Copy " + source + " to " + m_set.aircraftPath, step);
-        fpset_files::copy(source, m_set.aircraftPath, step);
-        m_state.AddAircraftFlag = true;
+        beginStep("Copy " + source + " to " + m_files.aircraftPath, step);
+        fpset_files::copy(source, m_files.aircraftPath, step);
+        m_set.AddAircraftFlag = true;
     }
-    if (!m_state.AddAircraftFlag) {
-        beginStep("Creating Aircraft File " + m_set.aircraftPath, step);
-        fpset_files::createEmpty(m_set.aircraftPath, step);
+    if (!m_set.AddAircraftFlag) {
+        beginStep("Creating Aircraft File " + m_files.aircraftPath, step);
+        fpset_files::createEmpty(m_files.aircraftPath, step);
     }
-    beginStep("Creating FlightPlan File " + m_set.flightPlanPath, step);
-    fpset_files::createEmpty(m_set.flightPlanPath, step);
+    beginStep("Creating FlightPlan File " + m_files.flightPlanPath, step);
+    fpset_files::createEmpty(m_files.flightPlanPath, step);
 }
 
 void FpSetPage::tab2cmdCancel_Click()
 {
-    if (!m_setCreated) {
-        discardFilesOfSet();
-    }
-    // Only these two: once aircraft were written, or a set was created, that stands.
-    m_state.AddAirportsFlag = false;
-    m_state.newAirportFlag = false;
-    m_state.newAircraftSetOpen = false;
-    m_state.reLoadNewPlan = false;
+    giveUpFiles();
+    // Once aircraft were written, or a set was created, that stands.
+    m_set = {.AddAircraftFlag = m_set.AddAircraftFlag};
     ui->tab2txtAirport->clear();
     ui->tab2txtAircraft->clear();
     if (ui->tab2txtTToolsDir->text().isEmpty()) {
@@ -420,24 +416,26 @@ void FpSetPage::tab2cmdCancel_Click()
     focusNameEnd();
     setEnabledAll(true, {ui->tab2TToolsDir, ui->tab2cmdFindTTools});
     ui->tab2cmdQuit->setText("Quit");
-    Q_EMIT setClosed();
 }
 
-void FpSetPage::discardFilesOfSet()
+void FpSetPage::giveUpFiles()
 {
     const auto discard = [this](const QString &path) {
+        bool wasThere = false;
         m_services.errors.run("Delete File Error", [&](Step &step) {
             step.set("Delete " + path);
-            if (fpset_files::discard(path, step)) {
-                Q_EMIT fileDiscarded(path);
-            }
+            wasThere = fpset_files::discard(path, step);
         });
+        return wasThere;
     };
-    if (m_state.AddAirportsFlag && m_state.newAirportFlag) {
-        discard(m_set.airportPath); // page 1 may have gone on to another file
+    if (!m_setCreated && m_set.AddAirportsFlag) {
+        discard(m_files.airportPath); // page 1 may have gone on to another file
     }
-    if (m_state.AddAircraftFlag && m_newAircraft) {
-        discard(m_set.aircraftPath);
+    if (m_set.newAirportFlag) {
+        Q_EMIT fileGivenUp(m_files.airportPath);
+    }
+    if (!m_setCreated && m_set.AddAircraftFlag && m_newAircraft && discard(m_files.aircraftPath)) {
+        Q_EMIT fileGivenUp(m_files.aircraftPath);
     }
 }
 
