@@ -7,6 +7,7 @@
 #include "app/services/backup.h"
 #include "app/services/fs_location.h"
 #include "app/services/look.h"
+#include "app/services/set_in_progress.h"
 #include "platform/basic.h"
 #include "platform/blind_to_case.h"
 #include "platform/code_page.h"
@@ -29,11 +30,13 @@ const QString existingCaption = QStringLiteral("Existing AI Aircraft: ");
 
 } // namespace
 
-AircraftLoaderPage::AircraftLoaderPage(Services &services, QWidget *parent)
+AircraftLoaderPage::AircraftLoaderPage(Services &services, const SetInProgress &set,
+                                       QWidget *parent)
     : QWidget(parent),
       ui(std::make_unique<Ui::AircraftLoaderPage>()),
       m_services(services),
-      m_state(services.state)
+      m_state(services.state),
+      m_set(set)
 {
     ui->setupUi(this);
     showCurrentStep(ui->noDirectoryLabel);
@@ -52,7 +55,7 @@ AircraftLoaderPage::AircraftLoaderPage(Services &services, QWidget *parent)
     connect(ui->Command1, &QPushButton::clicked, this, &Page::Command1_Click);
     connect(m_textFile, &TextFileChoice::changed, this, &Page::textFileChanged);
     connect(m_textFile, &TextFileChoice::edited, this, &Page::LoadList);
-    connect(this, &Page::textFileChanged, this, &Page::fillFromTextFile);
+    connect(m_textFile, &TextFileChoice::chosen, this, &Page::fillFromTextFile);
     connect(ui->cmdAddAI, &QPushButton::clicked, this, &Page::cmdAddAI_Click);
     connect(ui->cmdQuit, &QPushButton::clicked, this, &Page::quitPressed);
     connect(ui->Tab0List2, &ListBox::entryClicked, this, &Page::Tab0List2_Click);
@@ -246,14 +249,12 @@ void AircraftLoaderPage::cmdAddAI_Click()
                                  .icon = MessageBox::Icon::Critical});
         return;
     }
-    m_state.AddAircraftFlag = true;
     m_services.dialogs.show({.prompt = "All Done!  AI Aircraft Added",
                              .title = "Add AI",
                              .icon = MessageBox::Icon::Information});
     LoadList();
-    if (m_state.newAircraftSetOpen) {
-        Q_EMIT aircraftAddedForSet();
-    } else {
+    Q_EMIT aircraftAdded();
+    if (!m_set.reLoadNewPlan) {
         focusIfShown(ui->cmdQuit);
     }
 }
@@ -325,8 +326,9 @@ void AircraftLoaderPage::Dir1_Change()
         Q_EMIT directoryChosen(directory);
         ui->frmDriveDialog->hide();
         ui->Tab0List2->show();
-        if (m_state.reLoadNewPlan) { // the set being filled keeps its file
+        if (m_set.reLoadNewPlan) { // the set being filled keeps its file
             takeFileOfSet(m_state.AircraftTextDir);
+            fillFromTextFile();
         }
     });
 }
@@ -347,9 +349,9 @@ void AircraftLoaderPage::Command1_Click()
     ui->Tab0List2->show();
 }
 
-void AircraftLoaderPage::fillFromTextFile(const QString &path)
+void AircraftLoaderPage::fillFromTextFile()
 {
-    if (path.isEmpty() || ui->lblFSPath->text().isEmpty()) {
+    if (m_state.AircraftTextDir.isEmpty() || ui->lblFSPath->text().isEmpty()) {
         ClearLists();
         ui->cmdTtools->setEnabled(false); // the compiler of the file before is not this one's
         return;
@@ -407,6 +409,7 @@ void AircraftLoaderPage::forgetFile(const QString &path)
 {
     if (m_state.AircraftTextDir.compare(path, Qt::CaseInsensitive) == 0) {
         m_textFile->forget();
+        ClearLists();
     }
 }
 

@@ -17,13 +17,14 @@ class AircraftLoaderPage;
 
 class LinkLabel;
 class TextFileChoice;
+struct SetInProgress;
 
 class AircraftLoaderPage : public QWidget
 {
     Q_OBJECT
 
 public:
-    explicit AircraftLoaderPage(Services &services, QWidget *parent = nullptr);
+    AircraftLoaderPage(Services &services, const SetInProgress &set, QWidget *parent = nullptr);
     ~AircraftLoaderPage() override;
 
     /// Rebuilds the lists from the text file and the aircraft directory. Failures are shown.
@@ -42,12 +43,16 @@ public:
     /// A directory was chosen on another page: it is taken over, and the text file asked for again.
     void followDirectory(const QString &directory);
 
-    /// Makes a set's aircraft file the current one and, when there is a directory too, loads the
-    /// lists for it.
+    /// Makes a set's aircraft file the current one; fillFromTextFile loads the lists for it.
     void takeFileOfSet(const QString &path);
+    void fillFromTextFile();
 
-    /// The same with the text file of the previous run.
-    void restoreTextFile(const QString &path) { takeFileOfSet(path); }
+    /// The same with the text file of the previous run, and loads the lists.
+    void restoreTextFile(const QString &path)
+    {
+        takeFileOfSet(path);
+        fillFromTextFile();
+    }
 
     /// Asks for a text file when this one was the current one: it is gone.
     void forgetFile(const QString &path);
@@ -62,7 +67,7 @@ Q_SIGNALS:
     void simulatorVersionChosen();
     void directoryChosen(const QString &directory);
     void textFileChanged(const QString &path); ///< the one in use; empty for none
-    void aircraftAddedForSet();
+    void aircraftAdded();
     void quitPressed();
     void helpWanted();
 
@@ -87,13 +92,13 @@ private:
     void addChecked();
     void checkAll(bool on);
     bool enableAddAircraft();
-    void fillFromTextFile(const QString &path);
     void showLists(bool visible);
     void askForTextFile();
 
     std::unique_ptr<Ui::AircraftLoaderPage> ui;
     Services &m_services;
     FormState &m_state;
+    const SetInProgress &m_set;
     AircraftWalk m_walk;
     AircraftWalk::Layout m_layout; ///< AirplanesLayout and RotorcraftLayout
     AircraftTextFile m_existing;   ///< as last read, counting on while aircraft are added

@@ -80,6 +80,7 @@ void TextFileChoice::cmdBrowseText_Click()
     } else {
         setAircraftTextDir(path);
     }
+    Q_EMIT chosen();
 }
 
 void TextFileChoice::cmdEdit_Click()

@@ -33,6 +33,7 @@ public:
 
 Q_SIGNALS:
     void changed(const QString &path); ///< the file in use, empty for none; be it the same again
+    void chosen();                     ///< the user has chosen a file, or refused to
     void edited();                     ///< the user changed the file
 
 private:

@@ -3,6 +3,7 @@
 
 #include "app/services/look.h"
 #include "app/services/path_display.h"
+#include "app/services/set_in_progress.h"
 #include "platform/basic.h"
 #include "platform/code_page.h"
 #include "platform/controls/control_state.h"
@@ -12,8 +13,6 @@
 
 #include <QAction>
 #include <QScopeGuard>
-
-#include <utility>
 
 #include "ui_airport_loader_page.h"
 
@@ -33,10 +32,11 @@ QString selectedText(const ListBox &list)
 
 } // namespace
 
-AirportLoaderPage::AirportLoaderPage(Services &services, QWidget *parent)
+AirportLoaderPage::AirportLoaderPage(Services &services, const SetInProgress &set, QWidget *parent)
     : QWidget(parent),
       m_services(services),
       m_state(services.state),
+      m_set(set),
       ui(std::make_unique<Ui::AirportLoaderPage>()),
       m_browser(*ui, services.errors)
 {
@@ -205,7 +205,6 @@ void AirportLoaderPage::showExistingCount()
 
 void AirportLoaderPage::takeFileForSet(const QString &path)
 {
-    m_servesSet = true;
     m_state.AirportTextFile = path;
     ui->Tab1lblAirportTextFileName->setText(shortenedPath(path, setPathLimit));
     showDone(ui->Tab1lblAirportTextFileName);
@@ -214,9 +213,9 @@ void AirportLoaderPage::takeFileForSet(const QString &path)
     ui->Tab1lblDragnDrop->show();
 }
 
-void AirportLoaderPage::leaveSet()
+void AirportLoaderPage::forgetFile(const QString &path)
 {
-    if (std::exchange(m_servesSet, false)) {
+    if (m_state.AirportTextFile.compare(path, Qt::CaseInsensitive) == 0) {
         Tab1cmdReset_Click();
         m_state.AirportTextFile.clear();
         ui->Tab1cmdBrowse->setEnabled(true);
@@ -225,7 +224,6 @@ void AirportLoaderPage::leaveSet()
 
 void AirportLoaderPage::keepFileOfSet()
 {
-    m_servesSet = false;
     ui->Tab1cmdBrowse->setEnabled(true);
 }
 
@@ -234,7 +232,6 @@ void AirportLoaderPage::Tab1cmdBrowse_Click()
     if (m_state.ShowAddAirportHelp) {
         Q_EMIT reminderDue();
     }
-    m_servesSet = false;
     m_state.AirportTextFile = m_services.dialogs.openFile(
         {.filter = "Airport Text Files (*.txt)|airport*.txt|", .startFolder = {}});
     m_services.errors.run(fileErrorTitle, [this](Step &step) {
@@ -301,9 +298,8 @@ void AirportLoaderPage::Tab1cmdCreateFile_Click()
     ui->lblT1Airport->setText("Airports to Add");
     ui->Tab1Frame2->setEnabled(false);
     ui->Tab1cmdBrowse->setEnabled(true);
-    if (m_state.newAirportFlag) {
-        m_state.AddAirportsFlag = m_state.AddAirportsFlag || written;
-        Q_EMIT airportsWrittenForSet();
+    Q_EMIT airportsAdded(written);
+    if (m_set.newAirportFlag) {
         ui->Tab1Command2->click();
     }
 }
@@ -406,7 +402,7 @@ void AirportLoaderPage::Tab1cmdEdit_Click()
 
 void AirportLoaderPage::Tab1Command2_Click()
 {
-    if (m_state.newAirportFlag) {
+    if (m_set.newAirportFlag) {
         Q_EMIT returnToSet();
     } else {
         Q_EMIT quitPressed();

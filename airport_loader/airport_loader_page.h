@@ -9,12 +9,14 @@
 
 #include <memory>
 
+struct SetInProgress;
+
 class AirportLoaderPage : public QWidget
 {
     Q_OBJECT
 
 public:
-    explicit AirportLoaderPage(Services &services, QWidget *parent = nullptr);
+    AirportLoaderPage(Services &services, const SetInProgress &set, QWidget *parent = nullptr);
     ~AirportLoaderPage() override;
 
     /// Fills the list of countries; it is not cleared first.
@@ -23,8 +25,8 @@ public:
     /// Makes a new set's airport file the current one; it cannot be browsed away.
     void takeFileForSet(const QString &path);
 
-    /// The set is created or given up: its file is forgotten and the page is as at the start.
-    void leaveSet();
+    /// Leaves this file, when it is the current one, and the page as at the start.
+    void forgetFile(const QString &path);
 
     /// The set was created: its file stays the current one, of a set no more.
     void keepFileOfSet();
@@ -44,8 +46,8 @@ Q_SIGNALS:
     void countryLineRead(int number);
     /// Quit was pressed while airports are chosen for a flight plan set.
     void returnToSet();
-    /// Airports were written, or not, for that set: page 2 goes on.
-    void airportsWrittenForSet();
+    /// Airports were appended to the file, if there were any.
+    void airportsAdded(bool any);
 
 private:
     // Handlers. The names are the product's.
@@ -72,7 +74,7 @@ private:
 
     Services &m_services;
     FormState &m_state;
+    const SetInProgress &m_set;
     std::unique_ptr<Ui::AirportLoaderPage> ui;
     AirportBrowser m_browser;
-    bool m_servesSet = false; ///< the file is that of a new flight plan set
 };

@@ -79,9 +79,9 @@ void frmMorlenEditor::makePages()
         ui->SSTab1->addTab(page, title);
         return page;
     };
-    m_aircraftLoader = add(new AircraftLoaderPage(m_services), "AI Aircraft Loader");
-    m_airportLoader = add(new AirportLoaderPage(m_services), "AI Airport Loader");
-    m_fpSet = add(new FpSetPage(m_services), "Create a New FP Set");
+    m_aircraftLoader = add(new AircraftLoaderPage(m_services, m_set), "AI Aircraft Loader");
+    m_airportLoader = add(new AirportLoaderPage(m_services, m_set), "AI Airport Loader");
+    m_fpSet = add(new FpSetPage(m_services, m_set), "Create a New FP Set");
     m_configEditor = add(new ConfigEditorPage(m_services), "Edit Aircraft or Panel");
 }
 
@@ -102,24 +102,9 @@ void frmMorlenEditor::connectPages()
         }
     });
     connect(m_airportLoader, &AirportLoaderPage::reminderDue, this, &Form::showReminder);
-    connect(m_airportLoader, &AirportLoaderPage::airportsWrittenForSet, m_fpSet,
-            &FpSetPage::showAirportFile);
-    connect(m_airportLoader, &AirportLoaderPage::returnToSet, this,
-            [this] { ui->SSTab1->setCurrentIndex(fpSetPageNumber); });
     connect(m_fpSet, &FpSetPage::quitPressed, this, &Form::tab2cmdQuit_Click);
     connect(m_aircraftLoader, &AircraftLoaderPage::helpWanted, this, &Form::Tab0Help_Click);
     connect(m_airportLoader, &AirportLoaderPage::helpWanted, this, &Form::tab1Help_Click);
-    connect(m_fpSet, &FpSetPage::pageWanted, ui->SSTab1, &QTabWidget::setCurrentIndex);
-    connect(m_fpSet, &FpSetPage::reminderDue, this, &Form::showReminder);
-    connect(m_fpSet, &FpSetPage::airportsWanted, m_airportLoader,
-            &AirportLoaderPage::takeFileForSet);
-    connect(m_fpSet, &FpSetPage::aircraftWanted, m_aircraftLoader,
-            &AircraftLoaderPage::takeFileOfSet);
-    connect(m_fpSet, &FpSetPage::aircraftFileChosen, m_aircraftLoader,
-            &AircraftLoaderPage::takeFileOfSet);
-    connect(m_fpSet, &FpSetPage::fileDiscarded, m_aircraftLoader, &AircraftLoaderPage::forgetFile);
-    connect(m_fpSet, &FpSetPage::setCreated, m_airportLoader, &AirportLoaderPage::keepFileOfSet);
-    connect(m_fpSet, &FpSetPage::setClosed, m_airportLoader, &AirportLoaderPage::leaveSet);
     connect(m_fpSet, &FpSetPage::helpWanted, this, &Form::Tab2lblHelp_Click);
     connect(m_configEditor, &ConfigEditorPage::helpWanted, this, &Form::tab3VarloHelp_Click);
     connect(ui->lblHelp, &LinkLabel::clicked, this, &Form::lblHelp_Click);
@@ -130,14 +115,41 @@ void frmMorlenEditor::connectPages()
     connect(ui->lblAbout, &LinkLabel::clicked, this, &Form::lblAbout_Click);
 
     connect(m_aircraftLoader, &AircraftLoaderPage::simulatorVersionChosen, this, &Form::FindFSPath);
-    connect(m_aircraftLoader, &AircraftLoaderPage::aircraftAddedForSet, this, [this] {
-        ui->SSTab1->setCurrentIndex(fpSetPageNumber);
-        m_fpSet->continueWithSet();
-    });
+    connectSet();
     // Pages 0 and 3 work on the same directory, whichever of them it was chosen on.
     connect(m_aircraftLoader, &AircraftLoaderPage::directoryChosen, this, &Form::followOnPage3);
     connect(m_configEditor, &ConfigEditorPage::directoryChosen, m_aircraftLoader,
             &AircraftLoaderPage::followDirectory);
+}
+
+/// The way of a flight plan set from page 2 to pages 1 and 0, and back.
+void frmMorlenEditor::connectSet()
+{
+    const auto show = [this](QWidget *page) { ui->SSTab1->setCurrentWidget(page); };
+    const auto showSet = [this, show] { show(m_fpSet); };
+    connect(m_fpSet, &FpSetPage::airportsWanted, this, [this, show](const QString &path) {
+        m_airportLoader->takeFileForSet(path);
+        show(m_airportLoader);
+    });
+    connect(m_fpSet, &FpSetPage::reminderDue, this, &frmMorlenEditor::showReminder);
+    connect(m_airportLoader, &AirportLoaderPage::airportsAdded, m_fpSet,
+            &FpSetPage::continueWithAirports);
+    connect(m_airportLoader, &AirportLoaderPage::returnToSet, this, showSet);
+    connect(m_fpSet, &FpSetPage::aircraftWanted, this, [this, show](const QString &path) {
+        m_aircraftLoader->takeFileOfSet(path);
+        show(m_aircraftLoader);
+        m_aircraftLoader->fillFromTextFile();
+    });
+    connect(m_aircraftLoader, &AircraftLoaderPage::aircraftAdded, m_fpSet,
+            &FpSetPage::continueWithAircraft);
+    connect(m_fpSet, &FpSetPage::setContinues, this, showSet);
+    connect(m_fpSet, &FpSetPage::aircraftFileChosen, this, [this](const QString &path) {
+        m_aircraftLoader->takeFileOfSet(path);
+        m_aircraftLoader->fillFromTextFile();
+    });
+    connect(m_fpSet, &FpSetPage::setCreated, m_airportLoader, &AirportLoaderPage::keepFileOfSet);
+    connect(m_fpSet, &FpSetPage::fileGivenUp, m_aircraftLoader, &AircraftLoaderPage::forgetFile);
+    connect(m_fpSet, &FpSetPage::fileGivenUp, m_airportLoader, &AirportLoaderPage::forgetFile);
 }
 
 void frmMorlenEditor::connectHover()
@@ -379,7 +391,7 @@ void frmMorlenEditor::tab2cmdQuit_Click()
 
 void frmMorlenEditor::mnuQuit_Click()
 {
-    if (m_services.state.AddAirportsFlag || m_services.state.newAirportFlag) {
+    if (m_set.newAirportFlag) { // and AddAirportsFlag, which holds no longer
         ui->SSTab1->setCurrentIndex(fpSetPageNumber);
         return;
     }

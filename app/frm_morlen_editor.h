@@ -3,6 +3,7 @@
 #pragma once
 
 #include "app/services/services.h"
+#include "app/services/set_in_progress.h"
 #include "app/services/settings_file.h"
 
 #include <QList>
@@ -67,6 +68,7 @@ private:
     void lookAhead();
     void makePages();
     void connectPages();
+    void connectSet();
     void connectHover();
 
     void showReminder();
@@ -87,6 +89,7 @@ private:
     void end();
 
     Services m_services;
+    SetInProgress m_set;
     std::unique_ptr<Ui::frmMorlenEditor> ui;
     AircraftLoaderPage *m_aircraftLoader = nullptr;
     AirportLoaderPage *m_airportLoader = nullptr;

@@ -59,7 +59,7 @@ private Q_SLOTS:
     void messageComesBeforeTheListsAreRebuilt();
     void focusGoesToQuit();
     void setBeingFilledGetsControlBack();
-    void flagTellsThatAircraftWereAdded();
+    void pageTellsThatAircraftWereAdded();
     void speedOfFiveFiguresIsWrittenWithTheValuesOfTheEntryBefore();
     void speedOfFiveFiguresFirstIsWrittenWithEmptyValues();
     void fiveFiguresInTheNextPressKnowNothingOfTheLastOne();
@@ -226,30 +226,28 @@ void TestAddingAircraft::messageComesBeforeTheListsAreRebuilt()
 void TestAddingAircraft::focusGoesToQuit()
 {
     AddingPage user;
-    const QSignalSpy added(user.window.get(), &AircraftLoaderPage::aircraftAddedForSet);
     user.add({0});
     QCOMPARE(user.focus(), QString("cmdQuit"));
-    QCOMPARE(added.count(), 0);
 }
 
 void TestAddingAircraft::setBeingFilledGetsControlBack()
 {
     AddingPage user;
-    user.services.state.newAircraftSetOpen = true;
+    user.set.reLoadNewPlan = true;
     QStringList availableThen;
-    connect(user.window.get(), &AircraftLoaderPage::aircraftAddedForSet, this,
+    connect(user.window.get(), &AircraftLoaderPage::aircraftAdded, this,
             [&] { availableThen = user.available(); });
     user.add({0});
     QCOMPARE(availableThen, (QStringList{"Bravo 477", "Charlie 477", "Delta 477"}));
     QVERIFY(user.focus() != "cmdQuit");
 }
 
-void TestAddingAircraft::flagTellsThatAircraftWereAdded()
+void TestAddingAircraft::pageTellsThatAircraftWereAdded()
 {
     AddingPage user;
-    QVERIFY(!user.services.state.AddAircraftFlag);
+    const QSignalSpy added(user.window.get(), &AircraftLoaderPage::aircraftAdded);
     user.add({0});
-    QVERIFY(user.services.state.AddAircraftFlag);
+    QCOMPARE(added.count(), 1);
 }
 
 void TestAddingAircraft::speedOfFiveFiguresIsWrittenWithTheValuesOfTheEntryBefore()
@@ -365,12 +363,13 @@ void TestAddingAircraft::readOnlyFileIsReportedAndLeftAlone()
     const OrdinaryUser rights(user.sandbox);
     QVERIFY(
         QFile::setPermissions(user.sandbox.host(AircraftLoaderDriver::textFile), QFile::ReadOwner));
+    const QSignalSpy added(user.window.get(), &AircraftLoaderPage::aircraftAdded);
     user.press("cmdAddAI");
     QCOMPARE(user.messages(), QStringList{"Critical, Add AI Error: " + appendStep +
                                           "\rError  75 Path/File access error"});
     QCOMPARE(user.textFileBytes(), notInstalled);
     QCOMPARE(user.sandbox.read(backup1), notInstalled);
-    QVERIFY(!user.services.state.AddAircraftFlag);
+    QCOMPARE(added.count(), 0);
 }
 
 void TestAddingAircraft::fullDiskIsReported()
@@ -408,6 +407,7 @@ void TestAddingAircraft::failureLeavesTicksAndFocusForAnotherTry()
     const OrdinaryUser rights(user.sandbox);
     QVERIFY(
         QFile::setPermissions(user.sandbox.host(AircraftLoaderDriver::textFile), QFile::ReadOwner));
+    const QSignalSpy added(user.window.get(), &AircraftLoaderPage::aircraftAdded);
     user.press("cmdAddAI");
     QCOMPARE(user.find<ListBox>("Tab0List2")->listIndex(), 1); // the one that failed
     QCOMPARE(user.ticked(), QStringList{"Bravo 477"});

@@ -45,7 +45,6 @@ private Q_SLOTS:
     void traceMenuTogglesTheLog();
     void quitButtonAlwaysStoresPage0();
     void quitMenuStoresThePageShown();
-    void quitMenuGoesToPage2WhileAirportsAreChosen();
     void page2QuitStoresPage2();
     void quitAsksWithNoAsDefault();
     void answeringNoLeavesSettingsAndProgramAlone();
@@ -75,7 +74,6 @@ private Q_SLOTS:
     void directoryOfPage3IsTakenOverWherePage0StandsAlready();
     void changedAircraftPointsPage0AtNoFolder();
     void varloIsRaisedOrStarted();
-    void aircraftAddedForASetLeadBackToPage2();
     void quittingWhileAProgramRunsEndsTheWait();
 };
 
@@ -197,18 +195,6 @@ void TestMainWindow::quitMenuStoresThePageShown()
     program.find<QAction>("mnuQuit")->trigger();
     QVERIFY(program.sandbox.read(Program::settingsFile).startsWith("2\r\n"));
     QVERIFY(!program.window->isVisible());
-}
-
-void TestMainWindow::quitMenuGoesToPage2WhileAirportsAreChosen()
-{
-    Program program;
-    program.start();
-    program.window->state().AddAirportsFlag = true;
-    program.find<QTabWidget>("SSTab1")->setCurrentIndex(1);
-    program.find<QAction>("mnuQuit")->trigger();
-    QCOMPARE(program.find<QTabWidget>("SSTab1")->currentIndex(), 2);
-    QCOMPARE(program.outside.dialogs.boxes.size(), 0);
-    QVERIFY(program.window->isVisible());
 }
 
 void TestMainWindow::page2QuitStoresPage2()
@@ -637,19 +623,6 @@ void TestMainWindow::varloIsRaisedOrStarted()
     QCOMPARE(program.outside.processes.started.size(), 1);
     QCOMPARE(program.outside.processes.raised,
              QStringList{"Aircraft and Panel Configuration Editor"});
-}
-
-void TestMainWindow::aircraftAddedForASetLeadBackToPage2()
-{
-    Program program;
-    program.rememberUsualRun();
-    program.start();
-    program.window->state().newAircraftSetOpen = true;
-    program.find<ListBox>("Tab0List2")->setSelected(0, true);
-    program.find<QPushButton>("cmdAddAI")->setEnabled(true);
-    program.find<QPushButton>("cmdAddAI")->click();
-    QCOMPARE(program.find<QTabWidget>("SSTab1")->currentIndex(), 2);
-    QVERIFY(program.window->state().AddAircraftFlag);
 }
 
 void TestMainWindow::quittingWhileAProgramRunsEndsTheWait()

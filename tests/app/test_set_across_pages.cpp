@@ -5,6 +5,7 @@
 #include "platform/controls/list_box.h"
 #include "tests/support/program.h"
 
+#include <QAction>
 #include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
@@ -62,6 +63,14 @@ struct SetProgram : Program {
         QTest::keyClick(list, Qt::Key_Insert);
     }
 
+    /// Ticks the first of page 0's aircraft and adds it.
+    void addPage0sFirst() const
+    {
+        find<ListBox>("Tab0List2")->setSelected(0, true);
+        find<QPushButton>("cmdAddAI")->setEnabled(true);
+        press("cmdAddAI");
+    }
+
     int page() const { return find<QTabWidget>("SSTab1")->currentIndex(); }
 
     bool isEnabled(const QString &name) const
@@ -84,11 +93,17 @@ class TestSetAcrossPages : public QObject
 private Q_SLOTS:
     void airportFileIsTakenOverByPage1();
     void aircraftFileIsTakenOverByPage0();
+    void airportPageHasItsFileWhenItIsShown();
+    void aircraftPageHasItsFileWhenItIsShownAndThenLoadsIt();
     void pathsOfASetShow60Characters();
     void reminderComesWhenAirportsAreToBeChosen();
+    void airportsAddedLeadBackToPage2();
+    void aircraftAddedLeadBackToPage2();
+    void quitMenuGoesToPage2WhileAirportsAreChosen();
     void airportsOfACreatedSetCanStillBeAdded();
     void setGivenUpLeavesPage1AsItWas();
     void fileThatPage1WentOnToIsLeftAlone();
+    void fileThatPage1CameBackToIsForgotten();
     void copiedAircraftFileIsLoadedByPage0();
     void createdSetLeavesTheTicksOfPage0();
     void discardedAircraftFileIsForgottenByPage0();
@@ -118,6 +133,35 @@ void TestSetAcrossPages::aircraftFileIsTakenOverByPage0()
     QCOMPARE(program.find<ListBox>("Tab0List3")->count(), 0);
 }
 
+void TestSetAcrossPages::airportPageHasItsFileWhenItIsShown()
+{
+    const SetProgram program;
+    QString shown;
+    connect(program.find<QTabWidget>("SSTab1"), &QTabWidget::currentChanged, this,
+            [&] { shown = program.label("Tab1lblAirportTextFileName"); });
+    program.find<QAction>("mnuTrace")->trigger();
+    program.createAirports();
+    QCOMPARE(shown, program.airports);
+    const QByteArray log = program.sandbox.read(Program::logFile);
+    const qsizetype selected = log.indexOf("AI Airport Tab Selected");
+    QVERIFY(selected >= 0);
+    QVERIFY(log.indexOf("Airport Text File = ") > selected);
+}
+
+void TestSetAcrossPages::aircraftPageHasItsFileWhenItIsShownAndThenLoadsIt()
+{
+    const SetProgram program;
+    program.createAirports();
+    QStringList seen;
+    connect(program.find<QTabWidget>("SSTab1"), &QTabWidget::currentChanged, this, [&] {
+        seen += program.label("lblAircraftTextFile");
+        seen += program.find<ListBox>("Tab0List3")->items();
+    });
+    program.createAircraft();
+    QCOMPARE(seen, (QStringList{program.aircraft, "AC#4,477,\"Boeing Blue\""}));
+    QCOMPARE(program.find<ListBox>("Tab0List3")->count(), 0);
+}
+
 void TestSetAcrossPages::pathsOfASetShow60Characters()
 {
     const SetProgram program("C:\\A folder with a rather long name");
@@ -132,15 +176,61 @@ void TestSetAcrossPages::reminderComesWhenAirportsAreToBeChosen()
 {
     const SetProgram program("C:\\TTools", "True");
     QString shown;
+    int pageThen = -1;
     QTimer::singleShot(0, program.window.get(), [&] {
         auto *const dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
         shown = dialog ? dialog->objectName() : QString();
+        pageThen = program.page();
         if (dialog) {
             dialog->reject();
         }
     });
     program.createAirports();
     QCOMPARE(shown, QString("frmAddAirportHelp"));
+    QCOMPARE(pageThen, 1);
+}
+
+void TestSetAcrossPages::airportsAddedLeadBackToPage2()
+{
+    const SetProgram program;
+    program.createAirports();
+    program.choosePage1sFirst();
+    program.press("Tab1cmdCreateFile");
+    QCOMPARE(program.page(), 2);
+    QCOMPARE(program.find<QLineEdit>("tab2txtAirport")->text(), QString("Airports_New.txt"));
+    program.createAircraft();
+    program.press("tab2cmdCreateNewFP");
+    QVERIFY(program.sandbox.read(program.airports).contains("\r\nCYYC,"));
+}
+
+void TestSetAcrossPages::aircraftAddedLeadBackToPage2()
+{
+    const SetProgram program;
+    program.createAirports();
+    program.createAircraft();
+    program.addPage0sFirst();
+    QCOMPARE(program.page(), 2);
+    QCOMPARE(QApplication::focusWidget(), program.find<QWidget>("tab2cmdCreateNewFP"));
+    program.press("tab2cmdCreateNewFP");
+    QVERIFY(program.sandbox.read(program.aircraft).contains("AC#1,"));
+
+    program.find<QTabWidget>("SSTab1")->setCurrentIndex(0);
+    program.addPage0sFirst();
+    QCOMPARE(program.page(), 0); // no set is waiting any more
+}
+
+void TestSetAcrossPages::quitMenuGoesToPage2WhileAirportsAreChosen()
+{
+    const SetProgram program;
+    program.createAirports();
+    program.find<QAction>("mnuQuit")->trigger();
+    QCOMPARE(program.page(), 2);
+    QCOMPARE(program.outside.dialogs.boxes.size(), 0);
+    QVERIFY(program.window->isVisible());
+
+    program.press("tab2cmdCancel");
+    program.find<QAction>("mnuQuit")->trigger();
+    QCOMPARE(program.outside.dialogs.boxes.size(), 1); // no set is waiting any more
 }
 
 void TestSetAcrossPages::airportsOfACreatedSetCanStillBeAdded()
@@ -198,6 +288,20 @@ void TestSetAcrossPages::fileThatPage1WentOnToIsLeftAlone()
     QCOMPARE(program.state().AirportTextFile, other);
 }
 
+void TestSetAcrossPages::fileThatPage1CameBackToIsForgotten()
+{
+    SetProgram program;
+    program.createAirports();
+    program.choosePage1sFirst();
+    program.press("Tab1cmdCreateFile");
+    program.outside.dialogs.files = {program.airports};
+    program.press("Tab1cmdBrowse");
+    program.press("tab2cmdCancel");
+    QVERIFY(!program.sandbox.exists(program.airports));
+    QCOMPARE(program.label("Tab1lblAirportTextFileName"), airportPrompt);
+    QCOMPARE(program.state().AirportTextFile, QString());
+}
+
 void TestSetAcrossPages::copiedAircraftFileIsLoadedByPage0()
 {
     SetProgram program;
@@ -227,9 +331,7 @@ void TestSetAcrossPages::discardedAircraftFileIsForgottenByPage0()
     const SetProgram program;
     program.createAirports();
     program.createAircraft();
-    program.find<ListBox>("Tab0List2")->setSelected(0, true);
-    program.find<QPushButton>("cmdAddAI")->setEnabled(true);
-    program.press("cmdAddAI");
+    program.addPage0sFirst();
     program.press("tab2cmdCancel");
     QVERIFY(!program.sandbox.exists(program.aircraft));
     QCOMPARE(program.label("lblAircraftTextFile"), QString("Please select an Aircraft Text File"));

@@ -129,8 +129,8 @@ void TestCreatingSets::bothCopiesAreExactAndOverwrittenFilesAreBackedUp()
     QCOMPARE(user.sandbox.read(flightPlans), QByteArray());
     QCOMPARE(user.sandbox.read(airports + ".Backup1"), QByteArray("the user's airports"));
     QCOMPARE(user.sandbox.read(aircraft + ".Backup1"), QByteArray("the user's aircraft"));
-    QVERIFY(user.state().AddAircraftFlag);
-    QCOMPARE(user.asked, (QStringList{"aircraft file " + aircraft, "created", "closed"}));
+    QVERIFY(user.set.AddAircraftFlag);
+    QCOMPARE(user.asked, (QStringList{"aircraft file " + aircraft, "created"}));
 }
 
 void TestCreatingSets::accentedNameGivesThreeFiles()
@@ -166,8 +166,7 @@ void TestCreatingSets::creationReturnsToTheStartState()
     QCOMPARE(user.highlighted(), (QStringList{"tab2Frame12"}));
     QCOMPARE(user.text("tab2txtFltPlan"), QString("FlightPlans_"));
     QCOMPARE(FpSetDriver::focus(), QString("tab2txtFltPlan"));
-    QVERIFY(!user.state().newAirportFlag && !user.state().newAircraftSetOpen);
-    QVERIFY(!user.state().reLoadNewPlan);
+    QVERIFY(!user.set.newAirportFlag && !user.set.reLoadNewPlan);
 }
 
 void TestCreatingSets::creationIsTraced()
@@ -221,7 +220,7 @@ void TestCreatingSets::missingAircraftSourceLeavesTheAirportFileCreated()
              (QStringList{failure("53 File not found",
                                   "Copy C:\\TTools\\Aircraft_Gone.txt to " + aircraft)}));
     QCOMPARE(user.newFiles(), (QStringList{"Airports_Alpha.txt"}));
-    QVERIFY(!user.state().AddAircraftFlag);
+    QVERIFY(!user.set.AddAircraftFlag);
 }
 
 void TestCreatingSets::cancelledAircraftDialogFailsAtTheCreation()
@@ -320,8 +319,8 @@ void TestCreatingSets::clearAfterAirportsWereAddedDeletesThem()
     user.press("tab2cmdCancel");
     QCOMPARE(user.newFiles(), QStringList());
     QCOMPARE(user.trashed(), (QStringList{"Airports_Alpha.txt"}));
-    QCOMPARE(user.asked, (QStringList{"discarded " + airports, "closed"}));
-    QVERIFY(!user.state().AddAirportsFlag && !user.state().newAirportFlag);
+    QCOMPARE(user.asked, (QStringList{"given up " + airports}));
+    QVERIFY(!user.set.AddAirportsFlag && !user.set.newAirportFlag);
 }
 
 void TestCreatingSets::clearBeforeAnyAirportWasAddedDeletesNothing()
@@ -333,7 +332,7 @@ void TestCreatingSets::clearBeforeAnyAirportWasAddedDeletesNothing()
     user.press("tab2cmdCancel");
     QCOMPARE(user.newFiles(), (QStringList{"Aircraft_Alpha.txt", "Airports_Alpha.txt"}));
     QCOMPARE(user.trashed(), QStringList());
-    QVERIFY(!user.state().newAirportFlag && !user.state().newAircraftSetOpen);
+    QVERIFY(!user.set.newAirportFlag && !user.set.reLoadNewPlan);
 }
 
 void TestCreatingSets::clearAfterAircraftWereAddedDeletesThem()
@@ -345,7 +344,7 @@ void TestCreatingSets::clearAfterAircraftWereAddedDeletesThem()
     user.press("tab2cmdCancel");
     QCOMPARE(user.newFiles(), QStringList());
     QCOMPARE(user.trashed(), (QStringList{"Aircraft_Alpha.txt"}));
-    QVERIFY(!user.state().newAircraftSetOpen && !user.state().reLoadNewPlan);
+    QVERIFY(!user.set.newAirportFlag && !user.set.reLoadNewPlan);
 }
 
 void TestCreatingSets::clearLeavesTheNewAircraftFlagToo()
@@ -381,7 +380,7 @@ void TestCreatingSets::clearKeepsWhatWasToBeCopied()
 {
     NamingUser user;
     user.sandbox.write(aircraft, "the user's aircraft");
-    user.state().AddAircraftFlag = true; // page 0 was used before
+    user.window->continueWithAircraft(); // page 0 was used before
     user.copyAirports(FpSetDriver::oldAirports);
     user.copyAircraft(FpSetDriver::oldAircraft);
     user.press("tab2cmdCancel");
@@ -403,7 +402,7 @@ void TestCreatingSets::clearAfterASuccessfulCreationDeletesNothing()
     // Nor does one half way through a later set: a set was created, and that stands.
     user.verify("FlightPlans_Bravo");
     user.createAirports();
-    user.state().AddAirportsFlag = true;
+    user.window->continueWithAirports(true);
     user.createAircraft();
     user.press("tab2cmdCancel");
     QVERIFY(user.sandbox.exists("C:\\TTools\\Aircraft_Bravo.txt"));
@@ -417,7 +416,7 @@ void TestCreatingSets::clearLeavesTheAircraftFlagsAlone()
     user.createAircraft();
     user.addAircraft();
     user.press("tab2cmdCancel");
-    QVERIFY(user.state().AddAircraftFlag);
+    QVERIFY(user.set.AddAircraftFlag);
     // So the next set's file counts as written, and is not emptied.
     user.sandbox.write("C:\\TTools\\Aircraft_Bravo.txt", "AC#1,454,\"the user's own\"\r\n");
     user.verify("FlightPlans_Bravo");

@@ -69,6 +69,7 @@ private Q_SLOTS:
     void cancelledAirportDialogChangesNothing();
     void chosenAirportFileOpensTheAircraftStep();
     void airportsWrittenShowTheFilesName();
+    void airportsCountForASetThatWaitsForThem();
 
     void aircraftOptionsSetTheButtonAndTheBox();
     void newAircraftFileIsMadeAndHandedToPage0();
@@ -78,6 +79,7 @@ private Q_SLOTS:
     void cancelledAircraftDialogGoesOnAllTheSame();
     void chosenAircraftFileOpensTheCreationStep();
     void aircraftAddedComeBackToTheCreationButton();
+    void aircraftAddedWithoutASetAreRemembered();
     void readOnlyDirectoryKeepsTheAircraftStep();
 
     void quitThatSaysAllDoneClearsFirst();
@@ -383,9 +385,9 @@ void TestFpSetPage::newAirportFileIsHandedToPage1()
     user.name();
     user.trace();
     user.createAirports();
-    QCOMPARE(user.asked, (QStringList{"airports " + airports, "page 1"}));
-    QVERIFY(user.state().newAirportFlag);
-    QVERIFY(!user.state().AddAirportsFlag);
+    QCOMPARE(user.asked, (QStringList{"airports " + airports}));
+    QVERIFY(user.set.newAirportFlag);
+    QVERIFY(!user.set.AddAirportsFlag);
     QCOMPARE(user.traced(), (QStringList{"Airport Text File = " + airports}));
     QCOMPARE(user.text("tab2txtAirport"), QString());
     QCOMPARE(user.enabled(), aircraftStep);
@@ -399,7 +401,7 @@ void TestFpSetPage::reminderIsShownWhenItIsStillWanted()
     user.state().ShowAddAirportHelp = true;
     user.name();
     user.createAirports();
-    QCOMPARE(user.asked, (QStringList{"airports " + airports, "page 1", "reminder"}));
+    QCOMPARE(user.asked, (QStringList{"airports " + airports, "reminder"}));
 }
 
 void TestFpSetPage::cancelledAirportDialogChangesNothing()
@@ -435,7 +437,7 @@ void TestFpSetPage::chosenAirportFileOpensTheAircraftStep()
     QCOMPARE(user.find<QWidget>("tab2optCreateNewAircraft")->toolTip(),
              QString(" Create an empty Aircraft File and add Aircraft to it later "));
     QCOMPARE(user.asked, QStringList());
-    QVERIFY(!user.state().newAirportFlag);
+    QVERIFY(!user.set.newAirportFlag);
 }
 
 void TestFpSetPage::airportsWrittenShowTheFilesName()
@@ -445,6 +447,22 @@ void TestFpSetPage::airportsWrittenShowTheFilesName()
     user.createAirports();
     user.addAirports();
     QCOMPARE(user.text("tab2txtAirport"), QString("Airports_Alpha.txt"));
+}
+
+void TestFpSetPage::airportsCountForASetThatWaitsForThem()
+{
+    User user;
+    user.name();
+    user.window->continueWithAirports(true); // to a file of the user's own
+    QVERIFY(!user.set.AddAirportsFlag);
+    QCOMPARE(user.text("tab2txtAirport"), QString());
+    user.createAirports();
+    user.window->continueWithAirports(false);
+    QVERIFY(!user.set.AddAirportsFlag); // nothing was written
+    user.window->continueWithAirports(true);
+    QVERIFY(user.set.AddAirportsFlag);
+    user.window->continueWithAirports(false);
+    QVERIFY(user.set.AddAirportsFlag); // nothing more: the earlier ones still count
 }
 
 void TestFpSetPage::aircraftOptionsSetTheButtonAndTheBox()
@@ -471,10 +489,10 @@ void TestFpSetPage::newAircraftFileIsMadeAndHandedToPage0()
     user.asked.clear();
     user.trace();
     user.createAircraft();
-    QCOMPARE(user.asked, (QStringList{"page 0", "aircraft " + aircraft}));
+    QCOMPARE(user.asked, (QStringList{"aircraft " + aircraft}));
     QCOMPARE(user.traced(), (QStringList{"Creating  " + aircraft}));
     QCOMPARE(user.sandbox.read(aircraft), QByteArray());
-    QVERIFY(user.state().newAircraftSetOpen && user.state().reLoadNewPlan);
+    QVERIFY(user.set.reLoadNewPlan);
     QCOMPARE(user.enabled(), creationStep);
     QCOMPARE(user.highlighted(), (QStringList{"tab2Frame4"}));
     QCOMPARE(User::focus(), QString("tab2cmdCreateNewFP"));
@@ -510,8 +528,8 @@ void TestFpSetPage::aircraftNameWindowsRefusesKeepsTheStep()
                                     "number\rCreating  C:\\TTools\\Aircraft_"),
              qPrintable(messages[0]));
     QCOMPARE(user.highlighted(), (QStringList{"tab2Frame3"}));
-    QVERIFY(!user.asked.contains("page 0"));
-    QVERIFY(!user.state().newAircraftSetOpen);
+    QCOMPARE(user.asked.filter("aircraft"), QStringList());
+    QVERIFY(!user.set.reLoadNewPlan);
 }
 
 void TestFpSetPage::readOnlyDirectoryKeepsTheAircraftStep()
@@ -555,7 +573,7 @@ void TestFpSetPage::chosenAircraftFileOpensTheCreationStep()
     QCOMPARE(user.enabled(), creationStep);
     QCOMPARE(user.highlighted(), (QStringList{"tab2Frame4"}));
     QCOMPARE(User::focus(), QString("tab2cmdCreateNewFP"));
-    QVERIFY(!user.state().AddAircraftFlag); // only the copy itself sets it
+    QVERIFY(!user.set.AddAircraftFlag); // only the copy itself sets it
 }
 
 void TestFpSetPage::aircraftAddedComeBackToTheCreationButton()
@@ -565,9 +583,21 @@ void TestFpSetPage::aircraftAddedComeBackToTheCreationButton()
     user.createAirports();
     user.createAircraft();
     user.find<QWidget>("tab2cmdQuit")->setFocus();
+    user.asked.clear();
     user.addAircraft();
+    QCOMPARE(user.asked, QStringList{"continues"});
+    QVERIFY(user.set.AddAircraftFlag);
     QCOMPARE(user.text("tab2txtFltPlan"), QString("FlightPlans_Alpha.txt"));
     QCOMPARE(User::focus(), QString("tab2cmdCreateNewFP"));
+}
+
+void TestFpSetPage::aircraftAddedWithoutASetAreRemembered()
+{
+    User user;
+    user.name();
+    user.window->continueWithAircraft();
+    QVERIFY(user.set.AddAircraftFlag);
+    QCOMPARE(user.asked, QStringList());
 }
 
 void TestFpSetPage::quitThatSaysAllDoneClearsFirst()
@@ -576,7 +606,7 @@ void TestFpSetPage::quitThatSaysAllDoneClearsFirst()
     user.name();
     user.find<QPushButton>("tab2cmdQuit")->setText("All Done!");
     user.press("tab2cmdQuit");
-    QCOMPARE(user.asked, (QStringList{"closed", "quit"}));
+    QCOMPARE(user.asked, QStringList{"quit"});
     QCOMPARE(user.caption("tab2cmdQuit"), QString("Quit"));
     QCOMPARE(user.enabled(), naming);
 }

@@ -46,7 +46,7 @@ public:
     /// Opens the window with the page.
     void open()
     {
-        window = std::make_unique<AircraftLoaderPage>(services);
+        window = std::make_unique<AircraftLoaderPage>(services, set);
         show();
     }
 

@@ -41,7 +41,7 @@ public:
     /// Opens the window with the page, empty as it is before the countries are loaded.
     void open()
     {
-        window = std::make_unique<AirportLoaderPage>(services);
+        window = std::make_unique<AirportLoaderPage>(services, set);
         window->resize(900, 600);
         show();
     }

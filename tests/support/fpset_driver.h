@@ -27,7 +27,7 @@ public:
         sandbox.write(tTools, "MZ");
         qputenv("XDG_DATA_HOME", QFile::encodeName(sandbox.host("C:\\share")));
         services.state.ShowAddAirportHelp = false;
-        window = std::make_unique<FpSetPage>(services);
+        window = std::make_unique<FpSetPage>(services, set);
         record();
         window->prepare();
         show();
@@ -59,10 +59,10 @@ public:
         press("tab2Command2");
     }
 
-    void name(const QString &set = "FlightPlans_Alpha")
+    void name(const QString &flightPlan = "FlightPlans_Alpha")
     {
         knowTTools();
-        verify(set);
+        verify(flightPlan);
     }
 
     void createAirports()
@@ -95,16 +95,14 @@ public:
     void addAirports()
     {
         sandbox.write(airports, "KSEA\r\n");
-        state().AddAirportsFlag = true;
-        window->showAirportFile();
+        window->continueWithAirports(true);
     }
 
     /// Page 0 adds an aircraft to the set.
     void addAircraft()
     {
         sandbox.write(aircraft, "AC#1,454,\"Airbus\"\r\n");
-        state().AddAircraftFlag = true;
-        window->continueWithSet();
+        window->continueWithAircraft();
     }
 
     void press(const QString &button) const
@@ -192,12 +190,10 @@ private:
         QObject::connect(sender, &Page::airportsWanted, sender, keep("airports"));
         QObject::connect(sender, &Page::aircraftWanted, sender, keep("aircraft"));
         QObject::connect(sender, &Page::aircraftFileChosen, sender, keep("aircraft file"));
-        QObject::connect(sender, &Page::fileDiscarded, sender, keep("discarded"));
-        QObject::connect(sender, &Page::pageWanted, sender,
-                         [this](int number) { asked += "page " + QString::number(number); });
+        QObject::connect(sender, &Page::fileGivenUp, sender, keep("given up"));
+        QObject::connect(sender, &Page::setContinues, sender, [this] { asked += "continues"; });
         QObject::connect(sender, &Page::reminderDue, sender, [this] { asked += "reminder"; });
         QObject::connect(sender, &Page::setCreated, sender, [this] { asked += "created"; });
-        QObject::connect(sender, &Page::setClosed, sender, [this] { asked += "closed"; });
         QObject::connect(sender, &Page::quitPressed, sender, [this] { asked += "quit"; });
         QObject::connect(sender, &Page::helpWanted, sender, [this] { asked += "help"; });
     }

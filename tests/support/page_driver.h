@@ -3,6 +3,7 @@
 #pragma once
 
 #include "app/services/services.h"
+#include "app/services/set_in_progress.h"
 #include "platform/line_reader.h"
 #include "tests/support/fakes.h"
 #include "tests/support/find_control.h"
@@ -102,6 +103,7 @@ public:
     Sandbox sandbox;
     FakeOutside outside;
     Services services{outside.outside()};
+    SetInProgress set;
     std::unique_ptr<Page> window;
 
 protected:
