@@ -76,6 +76,14 @@ QString leadingDecimal(QStringView text)
     return number;
 }
 
+std::int16_t narrowed(double number)
+{
+    if (number < INT16_MIN || number > INT16_MAX) {
+        throw RuntimeError(ErrorNumber::Overflow);
+    }
+    return static_cast<std::int16_t>(number);
+}
+
 template <typename Text>
 Text trimmed(const Text &text)
 {
@@ -162,21 +170,12 @@ std::int16_t toInteger16(const QString &text)
     if (!number.match(trimmed).hasMatch()) {
         throw RuntimeError(ErrorNumber::TypeMismatch);
     }
-    const double value = val(trimmed.remove(u','));
-    const double rounded = std::nearbyint(value); // the default mode: halves go to the even number
-    if (rounded < INT16_MIN || rounded > INT16_MAX) {
-        throw RuntimeError(ErrorNumber::Overflow);
-    }
-    return static_cast<std::int16_t>(rounded);
+    return narrowed(std::nearbyint(val(trimmed.remove(u',')))); // halves go to the even number
 }
 
 std::int16_t add16(std::int16_t a, int b)
 {
-    const int sum = a + b;
-    if (sum < INT16_MIN || sum > INT16_MAX) {
-        throw RuntimeError(ErrorNumber::Overflow);
-    }
-    return static_cast<std::int16_t>(sum);
+    return narrowed(a + b);
 }
 
 QString wholeNumberText(double number)

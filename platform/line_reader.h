@@ -2,6 +2,7 @@
 // The lines of a file.
 #pragma once
 
+#include "platform/code_page.h"
 #include "platform/runtime_error.h"
 
 #include <QByteArrayView>
@@ -12,7 +13,12 @@
 class LineReader
 {
 public:
-    explicit LineReader(QByteArrayView bytes);
+    explicit LineReader(QByteArrayView bytes) : m_bytes(bytes)
+    {
+        if (code_page::isUtf8(bytes)) {
+            m_position = code_page::utf8Mark.size();
+        }
+    }
 
     bool atEnd() const { return m_position >= m_bytes.size(); }
 

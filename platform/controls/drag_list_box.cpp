@@ -64,9 +64,12 @@ void DragListBox::startDrag(Qt::DropActions /*actions*/)
     drag->exec(Qt::CopyAction);
 }
 
-bool DragListBox::accepts(const QDropEvent &event) const
+bool DragListBox::takes(QDropEvent &event) const
 {
-    return m_partner != nullptr && event.source() == m_partner && isEnabled();
+    const bool taken = m_partner != nullptr && event.source() == m_partner && isEnabled();
+    event.setDropAction(taken ? Qt::CopyAction : Qt::IgnoreAction);
+    event.setAccepted(taken);
+    return taken;
 }
 
 void DragListBox::showTarget(bool on)
@@ -77,40 +80,24 @@ void DragListBox::showTarget(bool on)
 
 void DragListBox::dragEnterEvent(QDragEnterEvent *event)
 {
-    if (accepts(*event)) {
-        event->setDropAction(Qt::CopyAction);
-        event->accept();
-        showTarget(true);
-    } else {
-        event->ignore();
-    }
+    showTarget(takes(*event));
 }
 
 void DragListBox::dragMoveEvent(QDragMoveEvent *event)
 {
-    if (accepts(*event)) {
-        event->setDropAction(Qt::CopyAction);
-        event->accept();
-    } else {
-        event->ignore();
-    }
+    takes(*event);
 }
 
-void DragListBox::dragLeaveEvent(QDragLeaveEvent *event)
+void DragListBox::dragLeaveEvent(QDragLeaveEvent * /*event*/)
 {
     showTarget(false);
-    event->accept();
 }
 
 void DragListBox::dropEvent(QDropEvent *event)
 {
     showTarget(false);
-    if (accepts(*event)) {
-        event->setDropAction(Qt::CopyAction);
-        event->accept();
+    if (takes(*event)) {
         Q_EMIT dropped(event->mimeData()->text());
-    } else {
-        event->ignore();
     }
 }
 

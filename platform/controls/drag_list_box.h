@@ -34,7 +34,7 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    bool accepts(const QDropEvent &event) const;
+    bool takes(QDropEvent &event) const;
     void showTarget(bool on);
 
     const DragListBox *m_partner = nullptr;

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/controls/list_box.h"
 
-#include "platform/controls/list_box_model.h"
 #include "platform/list_order.h"
 
 #include <QFontMetrics>
@@ -76,31 +75,6 @@ ListBox::ListBox(QWidget *parent) : QListView(parent), m_model(new ListBoxModel(
     connect(this, &QListView::doubleClicked, this, &ListBox::entryDoubleClicked);
 }
 
-bool ListBox::checkBoxes() const
-{
-    return m_model->hasCheckBoxes();
-}
-
-void ListBox::setCheckBoxes(bool on)
-{
-    m_model->setCheckBoxes(on);
-}
-
-int ListBox::count() const
-{
-    return static_cast<int>(items().size());
-}
-
-QString ListBox::text(int index) const
-{
-    return items().value(index);
-}
-
-const QStringList &ListBox::items() const
-{
-    return m_model->items();
-}
-
 void ListBox::setItems(const QStringList &items)
 {
     QStringList ordered = items;
@@ -117,41 +91,6 @@ int ListBox::addItem(const QString &item)
     return static_cast<int>(index);
 }
 
-void ListBox::removeItem(int index)
-{
-    m_model->remove(index);
-}
-
-bool ListBox::selected(int index) const
-{
-    return m_model->isChecked(index);
-}
-
-void ListBox::setSelected(int index, bool on)
-{
-    m_model->setChecked(index, index, on);
-}
-
-void ListBox::setSelected(int first, int last, bool on)
-{
-    m_model->setChecked(first, last, on);
-}
-
-int ListBox::selectedCount() const
-{
-    return m_model->checkedCount();
-}
-
-int ListBox::listIndex() const
-{
-    return m_model->entryOf(currentIndex());
-}
-
-void ListBox::setListIndex(int index)
-{
-    setCurrentIndex(m_model->rowOf(index));
-}
-
 void ListBox::setFilter(const QString &words)
 {
     const int entry = listIndex();
@@ -161,11 +100,6 @@ void ListBox::setFilter(const QString &words)
     selectionModel()->setCurrentIndex(m_model->rowOf(entry),
                                       highlighted ? QItemSelectionModel::SelectCurrent
                                                   : QItemSelectionModel::NoUpdate);
-}
-
-bool ListBox::isHighlighted() const
-{
-    return currentIndex().isValid() && selectionModel()->isSelected(currentIndex());
 }
 
 void ListBox::keyPressEvent(QKeyEvent *event)

@@ -3,10 +3,9 @@
 // filter.
 #pragma once
 
-#include <QListView>
-#include <QStringList>
+#include "platform/controls/list_box_model.h"
 
-class ListBoxModel;
+#include <QListView>
 
 class ListBox : public QListView
 {
@@ -17,32 +16,44 @@ class ListBox : public QListView
 public:
     explicit ListBox(QWidget *parent = nullptr);
 
-    bool checkBoxes() const;
-    void setCheckBoxes(bool on);
+    bool checkBoxes() const { return m_model->hasCheckBoxes(); }
+
+    void setCheckBoxes(bool on) { m_model->setCheckBoxes(on); }
 
     /// A sorted list keeps its entries ascending, blind to case; for lists without check boxes.
     bool sorted() const { return m_sorted; }
 
     void setSorted(bool on) { m_sorted = on; }
 
-    int count() const;
-    QString text(int index) const; ///< empty for an index there is not
-    const QStringList &items() const;
+    const QStringList &items() const { return m_model->items(); }
+
+    int count() const { return static_cast<int>(items().size()); }
+
+    QString text(int index) const { return items().value(index); } ///< empty for no index
 
     /// Replaces all entries at once; none is current or checked then.
     void setItems(const QStringList &items);
     int addItem(const QString &item); ///< returns where it stands
-    void removeItem(int index);       ///< the entry itself; no other changes its check mark
+
+    /// Removes the entry itself; no other changes its check mark.
+    void removeItem(int index) { m_model->remove(index); }
 
     void clear() { setItems({}); }
 
-    bool selected(int index) const; ///< whether the entry is checked
-    void setSelected(int index, bool on);
-    void setSelected(int first, int last, bool on); ///< a run of entries, both ends included
-    int selectedCount() const;
+    /// Whether the entry is checked.
+    bool selected(int index) const { return m_model->isChecked(index); }
 
-    int listIndex() const; ///< the current entry, -1 for none
-    void setListIndex(int index);
+    void setSelected(int index, bool on) { m_model->setChecked(index, index, on); }
+
+    /// Checks a run of entries, both ends included.
+    void setSelected(int first, int last, bool on) { m_model->setChecked(first, last, on); }
+
+    int selectedCount() const { return m_model->checkedCount(); }
+
+    /// The current entry, -1 for none.
+    int listIndex() const { return m_model->entryOf(currentIndex()); }
+
+    void setListIndex(int index) { setCurrentIndex(m_model->rowOf(index)); }
 
     /// Shows only the entries that hold all of these words, in any order, blind to case and
     /// accents; no words show all. Every index means the entry all the same, shown or not; but an
@@ -50,7 +61,7 @@ public:
     void setFilter(const QString &words);
 
     /// Whether the current entry is shown as selected: one that only has the focus is not.
-    bool isHighlighted() const;
+    bool isHighlighted() const { return selectionModel()->isSelected(currentIndex()); }
 
 Q_SIGNALS:
     void entryClicked();       ///< with the mouse, on an entry or its check mark

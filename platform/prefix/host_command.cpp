@@ -107,13 +107,12 @@ HostCommand resolveCommand(const QString &commandLine, const QList<Substitute> &
         }
         throw RuntimeError(ErrorNumber::FileNotFound);
     }
-    for (qsizetype end = line.indexOf(u' ');; end = line.indexOf(u' ', end + 1)) {
-        const QString program = findProgram(end < 0 ? line : line.first(end));
+    for (qsizetype end = 0; end < line.size();) {
+        const qsizetype blank = line.indexOf(u' ', end + 1);
+        end = blank < 0 ? line.size() : blank;
+        const QString program = findProgram(line.first(end));
         if (!program.isEmpty()) {
-            return commandFor(program, end < 0 ? QString() : line.sliced(end + 1).trimmed());
-        }
-        if (end < 0) {
-            break;
+            return commandFor(program, line.sliced(end).trimmed());
         }
     }
     if (const auto standIn = substituteFor(line, substitutes)) {

@@ -25,8 +25,7 @@ QString fileOf(RegistryHive hive)
            (hive == RegistryHive::LocalMachine ? u"/system.reg"_s : u"/user.reg"_s);
 }
 
-/// A missing file is an empty registry. One that breaks off is none at all: it would be written
-/// back without its rest.
+/// A file that is missing, or that nobody may read, is an empty registry.
 QByteArray readFile(const QString &path)
 {
     QFile file(path);
@@ -125,7 +124,8 @@ private:
     {
         const QString path = fileOf(hive);
         const bool isHeld = isWineRunning(paths::prefix());
-        RegFile file = isHeld ? current(hive).file : RegFile(readFile(path));
+        RegFile file = isHeld ? current(hive).file
+                              : RegFile(files::exists(path) ? files::readAll(path) : QByteArray());
         const QByteArray before = file.bytes();
         edit(file, viewsOf(hive, key).first(), QDateTime::currentSecsSinceEpoch());
         if (file.bytes() == before) {

@@ -3,8 +3,8 @@
 #include "platform/registry.h"
 
 #include "platform/prefix/wine_server.h"
-#include "platform/runtime_error.h"
 #include "tests/support/environment.h"
+#include "tests/support/failure.h"
 #include "tests/support/sandbox.h"
 
 #include <QtTest>
@@ -76,7 +76,8 @@ private Q_SLOTS:
     void aChangedFileIsReadAgain();
     void writingTheSameChangesNoByteAndNoTime();
     void writtenValuesAreReadBack();
-    void aReadOnlyFileIsReported();
+    void aFileWithoutTheRightToItIsReported_data();
+    void aFileWithoutTheRightToItIsReported();
     void aRunningWineIsSeenByItsLock_data();
     void aRunningWineIsSeenByItsLock();
     void aRunningWineWritesItself();
@@ -144,21 +145,31 @@ void TestRegistry::writtenValuesAreReadBack()
              7U);
 }
 
-void TestRegistry::aReadOnlyFileIsReported()
+void TestRegistry::aFileWithoutTheRightToItIsReported_data()
 {
+    QTest::addColumn<QFile::Permissions>("permissions");
+    QTest::newRow("not writable") << QFile::Permissions(QFile::ReadOwner);
+    QTest::newRow("not readable") << QFile::Permissions(QFile::WriteOwner);
+}
+
+void TestRegistry::aFileWithoutTheRightToItIsReported()
+{
+    QFETCH(QFile::Permissions, permissions);
     const Sandbox sandbox;
     QFile file(sandbox.prefix() + "/user.reg");
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.write(sample);
     file.close();
-    file.setPermissions(QFile::ReadOwner);
-    const OrdinaryUser user(sandbox);
-    try {
-        systemRegistry()->setValue(RegistryHive::CurrentUser, "K", "A", QString("b"));
-        QFAIL("written all the same");
-    } catch (const RuntimeError &error) {
-        QCOMPARE(error.number(), 75);
+    {
+        QVERIFY(file.setPermissions(permissions));
+        const OrdinaryUser user(sandbox);
+        const auto registry = systemRegistry();
+        QCOMPARE(failureOf([&] {
+                     registry->setValue(RegistryHive::CurrentUser, "K", "A", QString("b"));
+                 }),
+                 "75 Path/File access error");
     }
+    QVERIFY(file.setPermissions(QFile::ReadOwner));
     QVERIFY(file.open(QIODevice::ReadOnly));
     QCOMPARE(file.readAll(), sample);
 }
