@@ -7,6 +7,7 @@
 #include "app/services/backup.h"
 #include "app/services/fs_location.h"
 #include "app/services/look.h"
+#include "app/services/services.h"
 #include "app/services/set_in_progress.h"
 #include "platform/basic.h"
 #include "platform/blind_to_case.h"

@@ -4,7 +4,7 @@
 
 #include "aircraft_loader/aircraft_text_file.h"
 #include "aircraft_loader/available_aircraft.h"
-#include "app/services/services.h"
+#include "platform/controls/repaint.h"
 
 #include <QWidget>
 
@@ -15,8 +15,9 @@ namespace Ui
 class AircraftLoaderPage;
 }
 
-class LinkLabel;
 class TextFileChoice;
+struct FormState;
+struct Services;
 struct SetInProgress;
 
 class AircraftLoaderPage : public QWidget

@@ -3,6 +3,7 @@
 
 #include "app/services/look.h"
 #include "app/services/path_display.h"
+#include "app/services/services.h"
 #include "app/services/set_in_progress.h"
 #include "platform/basic.h"
 #include "platform/code_page.h"

@@ -3,12 +3,14 @@
 #pragma once
 
 #include "airport_loader/airport_browser.h"
-#include "app/services/services.h"
 
 #include <QWidget>
 
 #include <memory>
 
+class Step;
+struct FormState;
+struct Services;
 struct SetInProgress;
 
 class AirportLoaderPage : public QWidget

@@ -3,7 +3,6 @@
 // for Notepad, and the listing of all of them.
 #pragma once
 
-#include "app/services/services.h"
 #include "config_editor/alias_questions.h"
 
 #include <QWidget>
@@ -14,6 +13,9 @@ namespace Ui
 {
 class ConfigEditorPage;
 }
+
+struct FormState;
+struct Services;
 
 class ConfigEditorPage : public QWidget
 {
