@@ -4,7 +4,6 @@
 
 #include "aircraft_loader/available_aircraft.h"
 #include "app/services/services.h"
-#include "platform/controls/repaint.h"
 
 #include <QWidget>
 
@@ -99,8 +98,8 @@ private:
     std::unique_ptr<Ui::AircraftLoaderPage> ui;
     Services &m_services;
     FormState &m_state;
-    AircraftWalk m_walk;
-    AircraftWalk::Layout m_layout; ///< AirplanesLayout and RotorcraftLayout
+    AvailableAircraft m_available;
+    AvailableAircraft::Layout m_layout; ///< AirplanesLayout and RotorcraftLayout
     std::int16_t AircraftCount = 0;
     std::int16_t Number = 0;
     bool ListLoaded = false;

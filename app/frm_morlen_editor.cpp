@@ -42,8 +42,6 @@ QString boolText(bool value)
 frmMorlenEditor::frmMorlenEditor(const Outside &outside)
     : m_services(outside), ui(std::make_unique<Ui::frmMorlenEditor>())
 {
-    findProgramFolder();
-    lookAhead();
     ui->setupUi(this);
     makePages();
     connect(ui->SSTab1, &QTabWidget::currentChanged, this, &frmMorlenEditor::SSTab1_Click);
@@ -57,20 +55,6 @@ frmMorlenEditor::frmMorlenEditor(const Outside &outside)
 }
 
 frmMorlenEditor::~frmMorlenEditor() = default;
-
-/// The aircraft that the settings name are read while the window is built.
-void frmMorlenEditor::lookAhead()
-{
-    try {
-        const Settings settings = settings_file::parse(files::readAll(settingsPath()));
-        if (fs_location::namesAircraftFolder(settings.aircraftDir)) {
-            m_services.aircraftFolders.lookAhead(settings.aircraftDir);
-        }
-    } catch (const RuntimeError &) {
-        // A first run; and whatever else is wrong, the start-up says so in its place.
-        return;
-    }
-}
 
 void frmMorlenEditor::makePages()
 {
@@ -169,7 +153,9 @@ void frmMorlenEditor::followOnPage3(const QString &directory)
 
 void frmMorlenEditor::Form_Load()
 {
+    m_services.aircraftFolders.remember(); // pages 3 and 0 list the same, one after the other
     m_services.errors.run("Form Load Error", [this] { startUp(); });
+    m_services.aircraftFolders.forget();
     // Whatever failed, the window comes up and can be used.
     show();
     m_splash.reset();
@@ -178,8 +164,6 @@ void frmMorlenEditor::Form_Load()
 
 void frmMorlenEditor::startUp()
 {
-    // Pages 3 and 0 list the same aircraft, one after the other.
-    const AircraftFolders::SharedLook look(m_services.aircraftFolders);
     FormState &state = m_services.state;
     state.osVersion = clsOS(systemVersion()).text();
     state.ShowAddAirportHelp = true;

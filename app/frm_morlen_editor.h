@@ -64,7 +64,6 @@ private:
     void FindFSPath();
     void SaveSettings();
 
-    void lookAhead();
     void makePages();
     void connectPages();
     void connectHover();

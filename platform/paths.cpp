@@ -2,6 +2,8 @@
 // The rules of Windows paths, the same on every system.
 #include "platform/paths.h"
 
+#include <QStringBuilder>
+
 #include <algorithm>
 #include <array>
 #include <string_view>
@@ -54,7 +56,7 @@ QString systemDirectory()
 
 QString join(const QString &folder, const QString &name)
 {
-    return folder.endsWith('\\') ? folder + name : folder + '\\' + name;
+    return folder.endsWith('\\') ? folder + name : folder % u'\\' % name;
 }
 
 QString fileName(const QString &path)
