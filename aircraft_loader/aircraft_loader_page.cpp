@@ -13,6 +13,7 @@
 #include "platform/blind_to_case.h"
 #include "platform/code_page.h"
 #include "platform/controls/control_state.h"
+#include "platform/controls/progress.h"
 #include "platform/controls/repaint.h"
 #include "platform/controls/wait_pointer.h"
 #include "platform/files.h"
@@ -118,27 +119,22 @@ void AircraftLoaderPage::readTextFile(Step &step)
 
 void AircraftLoaderPage::walkFolders()
 {
-    Repaint repaint;
-    m_state.ErrMsg = "Loop through Aircraft Directories";
+    Step step(m_state);
+    step.set("Loop through Aircraft Directories");
     ui->Dir1->refresh(); // aircraft installed since the folder was opened count too
-    const QStringList folders = m_services.aircraftFolders.subFolders(ui->Dir1->path());
+    m_available.clear();
     const auto keep = qScopeGuard([this] {
-        ui->Tab0List1->setItems(m_walk.folders);
-        ui->Tab0List2->setItems(m_walk.entries);
+        ui->Tab0List1->setItems(m_available.folders);
+        ui->Tab0List2->setItems(m_available.entries);
     });
-    ui->ProgressBar1->setRange(0, qMax<int>(1, static_cast<int>(folders.size())));
-    m_walk.run(m_services.aircraftFolders, ui->Dir1->path(), folders, m_layout, m_state.ErrMsg,
-               {.folderReached =
-                    [&](int index) {
-                        if (isVisible() && repaint.isDue()) {
-                            ui->ProgressBar1->setValue(index);
-                            Repaint::now();
-                        }
-                    },
-                .fileFailed =
-                    [this](const RuntimeError &error) {
-                        m_services.errors.show("Cfg File Error", error);
-                    }});
+    const QString directory = ui->Dir1->path();
+    AircraftFolders::Walk walk = m_services.aircraftFolders.walk(directory, Content::Traffic);
+    Progress progress(ui->ProgressBar1, walk.count());
+    while (const AircraftFolder *folder = walk.next(step)) {
+        progress.show(walk.index());
+        m_services.errors.run("Cfg File Error",
+                              [&](Step &own) { m_available.take(*folder, m_layout, own); });
+    }
 }
 
 void AircraftLoaderPage::FindAvailableAI()
@@ -216,16 +212,12 @@ void AircraftLoaderPage::optClear_Click()
 void AircraftLoaderPage::checkAll(bool on)
 {
     constexpr int step = 5000; // entries ticked between two looks at the clock
-    Repaint repaint;
     const int count = ui->Tab0List2->count();
     showLists(false);
-    ui->ProgressBar1->setRange(0, qMax(1, count));
+    Progress progress(ui->ProgressBar1, count);
     for (int first = 0; first < count; first += step) {
         ui->Tab0List2->setSelected(first, qMin(first + step, count) - 1, on);
-        if (repaint.isDue()) {
-            ui->ProgressBar1->setValue(first);
-            Repaint::now();
-        }
+        progress.show(first);
     }
     ui->Tab0List2->setListIndex(count - 1); // ticking one after the other ends on the last
     showLists(true);

@@ -99,9 +99,9 @@ private:
     Services &m_services;
     FormState &m_state;
     const SetInProgress &m_set;
-    AircraftWalk m_walk;
-    AircraftWalk::Layout m_layout; ///< AirplanesLayout and RotorcraftLayout
-    AircraftTextFile m_existing;   ///< as last read, counting on while aircraft are added
+    AvailableAircraft m_available;
+    AvailableAircraft::Layout m_layout; ///< AirplanesLayout and RotorcraftLayout
+    AircraftTextFile m_existing;        ///< as last read, counting on while aircraft are added
     TextFileChoice *m_textFile = nullptr;
     bool ListLoaded = false; ///< LoadList has filled the lists; nobody asks
     bool SearchActive = false;

@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "aircraft_loader/available_aircraft.h"
 
+#include "app/services/aircraft_folders.h"
+#include "app/services/step.h"
+#include "platform/basic.h"
 #include "platform/blind_to_case.h"
 
+#include <QScopeGuard>
 #include <QStringBuilder>
 
-void AircraftWalk::Layout::take(const QString &directory)
+void AvailableAircraft::Layout::take(const QString &directory)
 {
     const QString lowered = blind_to_case::lower(directory);
     if (lowered.endsWith(QLatin1String("airplanes"))) {
@@ -17,40 +21,70 @@ void AircraftWalk::Layout::take(const QString &directory)
     }
 }
 
-void AircraftWalk::take(const QString &folder)
-{
-    if (!m_cfg.HaveData) {
-        return;
-    }
-    folders += folder;
-    if (m_cfg.Speed.isEmpty()) {
-        return;
-    }
-    for (const QString &title : m_cfg.AircraftTitles) {
-        if (!title.isEmpty()) {
-            entries += title % u' ' % m_cfg.Speed;
-        }
-    }
-}
-
-void AircraftWalk::run(AircraftFolders &aircraftFolders, const QString &directory,
-                       const QStringList &subFolders, Layout layout, QString &ErrMsg,
-                       const Listener &listener)
+void AvailableAircraft::clear()
 {
     folders.clear();
     entries.clear();
-    const auto check = [&](const AircraftFolder &folder) {
-        ErrMsg = QStringLiteral("Get Aircraft Name");
-        AirCraftName =
-            aircraft_cfg::folderName(folder.cfgFile, layout.airplanes, layout.rotorcraft);
-        try {
-            m_cfg.CheckFile(
-                folder.cfgFile, [&] { return folder.trafficContent(); }, ErrMsg);
-        } catch (const RuntimeError &error) {
-            listener.fileFailed(error);
-        }
-        take(folder.path);
-    };
-    aircraftFolders.walk(directory, subFolders, AircraftFolders::Content::Traffic, ErrMsg,
-                         {.folderReached = listener.folderReached, .cfgFound = check});
 }
+
+void AvailableAircraft::take(const AircraftFolder &folder, Layout layout, Step &step)
+{
+    if (folder.cfgFile.isEmpty()) {
+        return;
+    }
+    step.set(QStringLiteral("Get Aircraft Name"));
+    AirCraftName = available_aircraft::folderName(folder.cfgFile, layout);
+    const auto add = qScopeGuard([&] {
+        if (!HaveData) {
+            return;
+        }
+        folders += folder.path;
+        for (const QString &title : AircraftTitles) {
+            if (!Speed.isEmpty() && !title.isEmpty()) {
+                entries += title % u' ' % Speed;
+            }
+        }
+    });
+    CheckFile(folder, step);
+}
+
+void AvailableAircraft::CheckFile(const AircraftFolder &folder, Step &step)
+{
+    Speed.clear();
+    AircraftTitles.clear();
+    if (blind_to_case::lower(folder.cfgFile).contains(QLatin1String("csl"))) {
+        return; // models for online flying: no traffic, and HaveData is not theirs to change
+    }
+    step.set(u"Opening " % folder.cfgFile);
+    if (folder.failure) {
+        throw RuntimeError(*folder.failure);
+    }
+    if (folder.traffic.empty) {
+        return;
+    }
+    step.set(u"Get Aircraft Data in\r" % folder.cfgFile);
+    AircraftTitles = folder.traffic.titles;
+    if (folder.traffic.failure) {
+        throw RuntimeError(*folder.traffic.failure);
+    }
+    Speed = folder.traffic.speed;
+    HaveData = folder.traffic.complete;
+}
+
+namespace available_aircraft
+{
+
+QString folderName(const QString &CfgFileName, AvailableAircraft::Layout layout)
+{
+    const bool byAirplanes = layout.airplanes || layout.rotorcraft;
+    const QLatin1String word(byAirplanes ? "airplanes\\" : "aircraft\\");
+    const qsizetype root = blind_to_case::lower(CfgFileName).indexOf(word) + 1;
+    // A rotorcraft path is searched for "airplanes" too; the cut then starts near its front.
+    const qsizetype skip = layout.airplanes ? 10 : layout.rotorcraft ? 11 : 9;
+    const qsizetype start = root + skip;
+    const qsizetype end =
+        CfgFileName.indexOf('\\', start) + 1; // searched behind the first character
+    return basic::mid(CfgFileName, start, end - start);
+}
+
+} // namespace available_aircraft

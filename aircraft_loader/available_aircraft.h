@@ -1,18 +1,15 @@
 // SPDX-License-Identifier: MIT
-// The aircraft installed under the aircraft directory, and which of them a text file already uses.
+// The aircraft installed under the aircraft directory, and taking their entries apart again.
 #pragma once
-
-#include "aircraft_loader/aircraft_cfg.h"
-#include "app/services/aircraft_folders.h"
 
 #include <QString>
 #include <QStringList>
 
-#include <functional>
+class Step;
+struct AircraftFolder;
 
-/// The walk through the aircraft folders. What a file leaves behind (see AircraftCfg) lives on to
-/// the next walk.
-class AircraftWalk
+/// What the folders of a walk yield. What a file leaves behind lives on to the next walk.
+class AvailableAircraft
 {
 public:
     struct Layout {
@@ -24,26 +21,34 @@ public:
         void take(const QString &directory);
     };
 
-    /// Called before each folder with its index; and with the failure of one file, which does not
-    /// end the walk.
-    struct Listener {
-        std::function<void(int)> folderReached;
-        std::function<void(const RuntimeError &)> fileFailed;
-    };
-
-    /// Reads the aircraft.cfg of each of the sub-folders, in their order. `ErrMsg` is set to the
-    /// step. What was found so far stays when a folder cannot be read. Throws RuntimeError: Path
-    /// not found (76), Path/File access error (75).
-    void run(AircraftFolders &aircraftFolders, const QString &directory,
-             const QStringList &subFolders, Layout layout, QString &ErrMsg,
-             const Listener &listener);
-
     QStringList folders;  ///< paths of the folders that yielded data
     QStringList entries;  ///< title, a blank, and the cruise speed: "Boeing 737 Blue 250"
     QString AirCraftName; ///< the folder last read
 
-private:
-    void take(const QString &folder);
+    // The aircraft.cfg last read.
+    QStringList AircraftTitles;
+    QString Speed;
+    bool HaveData = false; ///< the last file that was really read had a speed
 
-    AircraftCfg m_cfg;
+    /// Empties the lists for another walk.
+    void clear();
+
+    /// Adds what a folder yields. Throws as CheckFile; what the file before left behind is added
+    /// all the same.
+    void take(const AircraftFolder &folder, Layout layout, Step &step);
+
+    /// Takes over the folder's aircraft.cfg.
+    ///
+    /// A path with "csl" in it and an empty file are passed over: they yield no titles, and
+    /// HaveData keeps what the file before them left there. Throws RuntimeError: why the file
+    /// cannot be read, and the failure of its content.
+    void CheckFile(const AircraftFolder &folder, Step &step);
 };
+
+namespace available_aircraft
+{
+
+/// The aircraft folder's name in the path of its aircraft.cfg.
+QString folderName(const QString &CfgFileName, AvailableAircraft::Layout layout);
+
+} // namespace available_aircraft

@@ -8,7 +8,7 @@
 #include "platform/basic.h"
 #include "platform/code_page.h"
 #include "platform/controls/control_state.h"
-#include "platform/controls/repaint.h"
+#include "platform/controls/progress.h"
 #include "platform/controls/wait_pointer.h"
 #include "platform/files.h"
 
@@ -313,8 +313,6 @@ bool AirportLoaderPage::appendChosen(Step &step)
         ui->Tab1lblDragnDrop->hide();
     }
     ui->Tab1cmdReset->hide();
-    ui->Tab1ProgressBar1->setRange(0, qMax(1, ui->Tab1lstAICO->count()));
-    ui->Tab1ProgressBar1->setValue(0);
     ui->Tab1ProgressBar1->show();
     const auto restore = qScopeGuard([&] {
         ui->Tab1ProgressBar1->hide();
@@ -353,13 +351,10 @@ QStringList AirportLoaderPage::linesOf(const QList<AirportChoice> &choices, Step
     }
     const QByteArray list = master_airport_list::OpenOCX(step);
     step.set("Input Data");
-    Repaint repaint;
+    Progress progress(ui->Tab1ProgressBar1, ui->Tab1lstAICO->count());
     QStringList lines;
     for (const ChosenLine &chosen : airport_text_file::chosenLines(list, choices)) {
-        if (repaint.isDue()) {
-            ui->Tab1ProgressBar1->setValue(choices[chosen.choice].entry);
-            Repaint::now();
-        }
+        progress.show(choices[chosen.choice].entry);
         const QString line = airport_text_file::airportLine(AirportRecord::split(chosen.line));
         if (lines.isEmpty()) {
             lines += airport_text_file::addedComment(m_services.clock.now());

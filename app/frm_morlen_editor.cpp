@@ -30,8 +30,6 @@ frmMorlenEditor::frmMorlenEditor(const Outside &outside)
       m_session(m_services.state, m_services.log),
       ui(std::make_unique<Ui::frmMorlenEditor>())
 {
-    findProgramFolder();
-    lookAhead();
     ui->setupUi(this);
     makePages();
     connectControls();
@@ -45,20 +43,6 @@ frmMorlenEditor::~frmMorlenEditor() = default;
 FormState &frmMorlenEditor::state()
 {
     return m_services.state;
-}
-
-/// The aircraft that the settings name are read while the window is built.
-void frmMorlenEditor::lookAhead()
-{
-    try {
-        const Settings settings = settings_file::parse(files::readAll(settingsPath()));
-        if (fs_location::namesAircraftFolder(settings.aircraftDir)) {
-            m_services.aircraftFolders.lookAhead(settings.aircraftDir);
-        }
-    } catch (const RuntimeError &) {
-        // A first run; and whatever else is wrong, the start-up says so in its place.
-        return;
-    }
 }
 
 void frmMorlenEditor::makePages()
@@ -181,7 +165,9 @@ void frmMorlenEditor::Form_Load()
         splash.setStatus("Loading....");
     });
     connect(m_airportLoader, &AirportLoaderPage::countryLineRead, &splash, &frmSplash::setProgress);
+    m_services.aircraftFolders.remember(); // pages 3 and 0 list the same, one after the other
     m_services.errors.run("Form Load Error", [&](Step &step) { startUp(splash, step); });
+    m_services.aircraftFolders.forget();
     // Whatever failed, the window comes up and can be used.
     show();
     ui->SSTab1->show();
@@ -189,8 +175,6 @@ void frmMorlenEditor::Form_Load()
 
 void frmMorlenEditor::startUp(frmSplash &splash, Step &step)
 {
-    // Pages 3 and 0 list the same aircraft, one after the other.
-    const AircraftFolders::SharedLook look(m_services.aircraftFolders);
     FormState &state = m_services.state;
     state.osVersion = clsOS(systemVersion()).text();
     splash.showPainted();

@@ -76,7 +76,6 @@ private:
     void FindFSPath();
     void SaveSettings();
 
-    void lookAhead();
     void makePages();
     void connectControls();
     void connectPages();

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "config_editor/aircraft_catalogue.h"
 
+#include "app/services/aircraft_folders.h"
+#include "app/services/step.h"
 #include "config_editor/listing_dump.h"
 #include "platform/basic.h"
 #include "platform/blind_to_case.h"
@@ -10,41 +12,32 @@
 
 #include <array>
 
-namespace
+void AircraftCatalogue::take(const AircraftFolder &folder, AircraftRoot root, Step &step)
 {
-
-void append(AircraftCatalogue &catalogue, const AircraftFolder &folder, AircraftRoot root)
-{
+    if (folder.cfgFile.isEmpty()) {
+        return;
+    }
+    step.set(QStringLiteral("Get Aircraft Name"));
+    folders += folder.path;
+    folderNames += folder.name;
     const EditorContent &content = folder.editor;
-    catalogue.names += content.displayName;
-    catalogue.cfgFiles += folder.cfgFile;
-    catalogue.aliases += content.aliased ? QStringLiteral("alias") : QString();
-    catalogue.panels += content.panel;
-    catalogue.listing += listing_dump::entry(content.displayName,
-                                             aircraft_catalogue::folderText(folder.cfgFile, root));
-}
-
-} // namespace
-
-void AircraftCatalogue::run(AircraftFolders &aircraftFolders, const QString &directory,
-                            const QStringList &subFolders, QString &ErrMsg,
-                            const Listener &listener)
-{
-    *this = {};
-    const AircraftRoot root = aircraft_catalogue::rootOf(directory);
-    const auto take = [&](const AircraftFolder &folder) {
-        if (folder.fileFailure) {
-            ErrMsg = u"Opening " % folder.cfgFile;
-            listener.fileFailed(*folder.fileFailure);
-        } else if (!folder.editor.empty && !folder.editor.displayName.isEmpty()) {
-            append(*this, folder, root);
-        }
-        listener.aircraftRead(folder.name);
-        folders += folder.path;
-        folderNames += folder.name;
-    };
-    aircraftFolders.walk(directory, subFolders, AircraftFolders::Content::Editor, ErrMsg,
-                         {.folderReached = listener.folderReached, .cfgFound = take});
+    step.set(u"Opening " % folder.cfgFile);
+    if (folder.failure) {
+        throw RuntimeError(*folder.failure);
+    }
+    step.set(QStringLiteral("Check for FF Code"));
+    if (content.failure) {
+        throw RuntimeError(*content.failure);
+    }
+    if (content.displayName.isEmpty()) {
+        return;
+    }
+    names += content.displayName;
+    cfgFiles += folder.cfgFile;
+    aliases += content.aliased ? "alias" : QString();
+    panels += content.panel;
+    listing += listing_dump::entry(content.displayName,
+                                   aircraft_catalogue::folderText(folder.cfgFile, root));
 }
 
 namespace aircraft_catalogue

@@ -2,31 +2,20 @@
 // The installed aircraft as page 3 lists them.
 #pragma once
 
-#include "app/services/aircraft_folders.h"
-
 #include <QString>
 #include <QStringList>
 
-#include <functional>
+class Step;
+struct AircraftFolder;
 
 /// Which folder of the simulator the aircraft folders lie in.
 enum class AircraftRoot { Aircraft, Airplanes, Rotorcraft };
 
 /// Lists of one entry for each aircraft, all in the same order.
 struct AircraftCatalogue {
-    /// Called before each folder with its index; with the name of the folder whose aircraft.cfg was
-    /// read; and with the failure of one file, which does not end the walk.
-    struct Listener {
-        std::function<void(int)> folderReached;
-        std::function<void(const QString &)> aircraftRead;
-        std::function<void(const RuntimeError &)> fileFailed;
-    };
-
-    /// Reads the aircraft.cfg of each of the sub-folders, in their order. `ErrMsg` is set to the
-    /// step. What was found so far stays when a folder cannot be read. Throws RuntimeError: Path
-    /// not found (76), Path/File access error (75).
-    void run(AircraftFolders &aircraftFolders, const QString &directory,
-             const QStringList &subFolders, QString &ErrMsg, const Listener &listener);
+    /// Adds the aircraft of a folder that a walk through the directory came to. Throws
+    /// RuntimeError: why its aircraft.cfg cannot be read.
+    void take(const AircraftFolder &folder, AircraftRoot root, Step &step);
 
     QStringList names;    ///< as shown
     QStringList cfgFiles; ///< full paths of the aircraft.cfg files

@@ -6,7 +6,7 @@
 #include "config_editor/listing_dump.h"
 #include "config_editor/panel_cfg.h"
 #include "platform/blind_to_case.h"
-#include "platform/controls/repaint.h"
+#include "platform/controls/progress.h"
 #include "platform/controls/wait_pointer.h"
 #include "platform/files.h"
 #include "platform/paths.h"
@@ -154,7 +154,7 @@ void ConfigEditorPage::listAircraft()
 /// A directory of the combat simulator holds folders that are no aircraft.
 void ConfigEditorPage::showTotal()
 {
-    const QStringList folders = m_services.aircraftFolders.subFolders(directory());
+    const QStringList folders = files::subFolders(directory());
     const auto hasConfig = [&](const QString &folder) {
         return files::exists(paths::join(directory(), folder) + "\\aircraft.cfg");
     };
@@ -184,29 +184,20 @@ void ConfigEditorPage::Tab3LoadList()
 
 void ConfigEditorPage::readCatalogue(AircraftCatalogue &catalogue)
 {
-    Repaint repaint;
-    m_state.ErrMsg = "Loop through Aircraft Directories";
+    Step step(m_state);
+    step.set("Loop through Aircraft Directories");
     const QString directory = ui->Tab3Dir1->path();
-    const QStringList folders = m_services.aircraftFolders.subFolders(directory);
-    ui->loadingBar->setRange(0, qMax<int>(1, static_cast<int>(folders.size())));
-    catalogue.run(m_services.aircraftFolders, directory, folders, m_state.ErrMsg,
-                  {.folderReached =
-                       [&](int index) {
-                           if (isVisible() && repaint.isDue()) {
-                               ui->loadingBar->setValue(index);
-                               Repaint::now();
-                           }
-                       },
-                   .aircraftRead =
-                       [this](const QString &folder) {
-                           if (m_state.TraceOn) {
-                               m_services.log.write("Adding Aircraft " + folder);
-                           }
-                       },
-                   .fileFailed =
-                       [this](const RuntimeError &error) {
-                           m_services.errors.show("Tab3CheckFile Error", error);
-                       }});
+    const AircraftRoot root = aircraft_catalogue::rootOf(directory);
+    AircraftFolders::Walk walk = m_services.aircraftFolders.walk(directory, Content::Editor);
+    Progress progress(ui->loadingBar, walk.count());
+    while (const AircraftFolder *folder = walk.next(step)) {
+        progress.show(walk.index());
+        m_services.errors.run("Tab3CheckFile Error",
+                              [&](Step &own) { catalogue.take(*folder, root, own); });
+        if (!folder->cfgFile.isEmpty()) {
+            m_services.log.write("Adding Aircraft " + folder->name);
+        }
+    }
 }
 
 void ConfigEditorPage::showCatalogue(const AircraftCatalogue &catalogue)

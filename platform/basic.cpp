@@ -148,6 +148,10 @@ double val(QStringView text)
         number.chop(1);
     }
     bool ok = false;
+    const qlonglong whole = number.toLongLong(&ok); // nearly always, and many times as fast
+    if (ok) {
+        return static_cast<double>(whole);
+    }
     const double value = QLocale::c().toDouble(number, &ok);
     if (std::isinf(value)) {
         throw RuntimeError(ErrorNumber::Overflow);

@@ -40,7 +40,8 @@ inline bool startsWith(QByteArrayView bytes, QByteArrayView word)
     const auto equal = [](char expected, char actual) {
         return actual == expected || (actual >= 'A' && actual <= 'Z' && actual + 32 == expected);
     };
-    return bytes.size() >= word.size() &&
+    // The last letter first: texts that begin alike part there.
+    return bytes.size() >= word.size() && equal(word.back(), bytes[word.size() - 1]) &&
            std::equal(word.begin(), word.end(), bytes.begin(), equal);
 }
 

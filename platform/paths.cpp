@@ -4,6 +4,8 @@
 
 #include "platform/blind_to_case.h"
 
+#include <QStringBuilder>
+
 #include <algorithm>
 #include <array>
 #include <string_view>
@@ -55,7 +57,7 @@ QString systemDirectory()
 
 QString join(const QString &folder, const QString &name)
 {
-    return folder.endsWith(u'\\') ? folder + name : folder + u'\\' + name;
+    return folder.endsWith(u'\\') ? folder + name : folder % u'\\' % name;
 }
 
 QString fileName(const QString &path)

@@ -5,7 +5,7 @@
 #include "platform/runtime_error.h"
 
 #include <QByteArray>
-#include <QString>
+#include <QStringList>
 
 #include <memory>
 #include <optional>
@@ -17,23 +17,25 @@ namespace files
 struct FoundFile {
     QString name; ///< on disk, empty when there is none
     QByteArray content;
-    std::optional<RuntimeError> failure; ///< why the content could not be read
+    bool opened = false;
+    std::optional<RuntimeError> failure; ///< why it could not be opened, or be read once it was
 };
 
-/// Reads files out of the sub-folders of one folder, as fast as the system can.
+/// Reads the file of one name out of each sub-folder of a folder, in their order. Files are opened
+/// a few folders ahead, so that the system fetches them while those before them are worked on.
 class SubFolderReader
 {
 public:
     /// Throws Path not found (76), Path/File access error (75).
-    explicit SubFolderReader(const QString &folder);
+    SubFolderReader(const QString &folder, const QStringList &subFolders, const QString &name);
     ~SubFolderReader();
     SubFolderReader(const SubFolderReader &) = delete;
     SubFolderReader &operator=(const SubFolderReader &) = delete;
 
-    /// Finds the file of this name, blind to case, in a sub-folder and reads it into `found`, whose
-    /// memory is used again. Several threads may call it at once. Throws Path not found (76) or
-    /// Path/File access error (75) for the sub-folder itself.
-    void read(const QString &subFolder, const QString &name, FoundFile &found) const;
+    /// The file in the next sub-folder, found blind to case; stands until the next call. Throws
+    /// Path not found (76) or Path/File access error (75) for the sub-folder itself; the call after
+    /// goes on behind it.
+    const FoundFile &next();
 
 private:
     struct Private;

@@ -1,86 +1,70 @@
 // SPDX-License-Identifier: MIT
-// Looking into many aircraft folders at once.
+// The walks through the aircraft folders.
 #pragma once
 
 #include "app/services/cfg_content.h"
 #include "platform/sub_folder_reader.h"
 
+#include <QList>
 #include <QString>
 #include <QStringList>
 
-#include <functional>
-#include <memory>
 #include <optional>
-#include <vector>
 
-/// What a look into one aircraft folder gave.
+class Step;
+
+/// What a walk sees of one aircraft folder.
 struct AircraftFolder {
     QString name;
     QString path;
-    std::optional<RuntimeError> failure;     ///< why the folder could not be opened
-    QString cfgFile;                         ///< full path of its aircraft.cfg, empty without one
-    std::optional<RuntimeError> fileFailure; ///< why that could not be read
-    TrafficContent traffic;                  ///< of a look for traffic
-    EditorContent editor;                    ///< of a look for the editor
-
-    /// Throws why the file could not be read.
-    const TrafficContent &trafficContent() const;
+    QString cfgFile;                     ///< full path of its aircraft.cfg, empty without one
+    std::optional<RuntimeError> failure; ///< why that could not be opened
+    TrafficContent traffic;              ///< of a walk for traffic
+    EditorContent editor;                ///< of a walk for the editor
 };
 
-/// The walks through the aircraft folders. Their files are read and parsed on all processors and
-/// told in order.
+/// Gives out walks, and remembers what they see while that is wanted.
 class AircraftFolders
 {
 public:
-    enum class Content { Traffic, Editor, All };
-
-    /// Called before each folder with its index, and with each folder that holds an aircraft.cfg.
-    struct Listener {
-        std::function<void(int)> folderReached;
-        std::function<void(const AircraftFolder &)> cfgFound;
-    };
-
-    AircraftFolders();
-    ~AircraftFolders();
-    AircraftFolders(const AircraftFolders &) = delete;
-    AircraftFolders &operator=(const AircraftFolders &) = delete;
-
-    /// The names of a directory's sub-folders, as files::subFolders gives them.
-    QStringList subFolders(const QString &directory) const;
-
-    /// Looks into the sub-folders, in their order. `ErrMsg` is set to the step. Throws
-    /// RuntimeError: Path not found (76), Path/File access error (75).
-    void walk(const QString &directory, const QStringList &subFolders, Content wanted,
-              QString &ErrMsg, const Listener &listener);
-
-    /// Begins to look into the sub-folders in the background, for the first walk of a SharedLook.
-    void lookAhead(const QString &directory);
-
-    /// While it lives, walks through the same folders one after the other cost one: all are told
-    /// what the first one saw.
-    class SharedLook
+    /// One walk through the sub-folders of a directory, in their order.
+    class Walk
     {
     public:
-        explicit SharedLook(AircraftFolders &folders);
-        ~SharedLook();
-        SharedLook(const SharedLook &) = delete;
-        SharedLook &operator=(const SharedLook &) = delete;
+        Walk(AircraftFolders &folders, const QString &directory, Content wanted);
+
+        int count() const { return m_count; }
+
+        /// Of the folder given last.
+        int index() const { return m_index; }
+
+        /// The next folder, which stands until the call after; none behind the last. Throws
+        /// RuntimeError when it cannot be opened: Path not found (76), Path/File access error (75).
+        const AircraftFolder *next(Step &step);
 
     private:
+        void look(const QString &path);
+
         AircraftFolders &m_folders;
+        QString m_directory;
+        Content m_wanted;
+        QStringList m_names;
+        std::optional<files::SubFolderReader> m_reader; ///< none when all is remembered
+        QList<AircraftFolder> m_seen; ///< the last folder; all of them when remembered
+        int m_count = 0;
+        int m_index = -1;
     };
+
+    /// Throws RuntimeError: Path not found (76), Path/File access error (75).
+    Walk walk(const QString &directory, Content wanted) { return {*this, directory, wanted}; }
+
+    /// From now on a walk that follows one of the same directory gives what that one saw.
+    void remember() { m_remembering = true; }
+
+    void forget() { *this = {}; }
 
 private:
-    struct Look {
-        QString directory;
-        QStringList subFolders;
-        std::vector<AircraftFolder> folders; ///< one for each sub-folder
-
-        void visit(std::size_t index, const files::SubFolderReader &reader, Content wanted);
-    };
-    class Background;
-
-    bool m_sharing = false;
-    Look m_last;
-    std::unique_ptr<Background> m_ahead;
+    bool m_remembering = false;
+    QString m_directory; ///< of the last walk that came to its end
+    QList<AircraftFolder> m_seen;
 };

@@ -10,6 +10,8 @@
 #include <cmath>
 #include <optional>
 
+using blind_to_case::startsWith;
+
 namespace
 {
 
@@ -25,7 +27,7 @@ bool namesAlias(QByteArrayView bytes)
 {
     return std::any_of("lL", "lL" + 2, [&](char letter) {
         for (qsizetype at = bytes.indexOf(letter, 1); at > 0; at = bytes.indexOf(letter, at + 1)) {
-            if (blind_to_case::startsWith(bytes.sliced(at - 1), "alias")) {
+            if (startsWith(bytes.sliced(at - 1), "alias")) {
                 return true;
             }
         }
@@ -33,14 +35,19 @@ bool namesAlias(QByteArrayView bytes)
     });
 }
 
-/// What follows the first `skipped` characters of a line, without the "=" and blanks before it.
-QByteArrayView valueBehind(QByteArrayView line, qsizetype skipped)
+using Value = std::optional<QByteArrayView>;
+
+/// Takes what follows a key and the character behind it, without the "=" and blanks before it.
+void takeValue(QByteArrayView line, QByteArrayView key, Value &value)
 {
-    QByteArrayView value = line.sliced(qMin(skipped, line.size()));
-    while (value.startsWith('=') || value.startsWith(' ')) {
-        value = value.sliced(1);
+    if (!startsWith(line, key)) {
+        return;
     }
-    return basic::trim(value);
+    QByteArrayView text = line.sliced(qMin(key.size() + 1, line.size()));
+    while (text.startsWith('=') || text.startsWith(' ')) {
+        text = text.sliced(1);
+    }
+    value = basic::trim(text);
 }
 
 QByteArrayView withoutQuotes(QByteArrayView title)
@@ -84,10 +91,10 @@ private:
                 throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
             }
             m_content.titles += valueIn(line);
-        } else if (blind_to_case::startsWith(line, "[fltsim.")) {
+        } else if (startsWith(line, "[fltsim.")) {
             m_titleExpected = true;
         }
-        if (blind_to_case::startsWith(line, "cruise_speed")) {
+        if (startsWith(line, "cruise_speed")) {
             m_content.speed = cfg_content::speedIn(code_page::decode(line));
             m_content.complete = true;
         }
@@ -104,27 +111,35 @@ class EditorReader
 public:
     void take(QByteArrayView line)
     {
-        if (blind_to_case::startsWith(line, "title")) {
-            m_title = valueBehind(line, 6);
-        } else if (blind_to_case::startsWith(line, "panel=")) {
-            m_panel = valueBehind(line, 6);
-        } else if (blind_to_case::startsWith(line, "panel =")) {
-            m_panel = valueBehind(line, 7);
-        } else if (blind_to_case::startsWith(line, "ui_manufacturer")) {
-            m_manufacturer = valueBehind(line, 16);
-        } else if (blind_to_case::startsWith(line, "ui_variation")) {
-            m_variation = valueBehind(line, 13);
-        } else if (blind_to_case::startsWith(line, "ui_type")) {
-            m_type = valueBehind(line, 8);
+        // Nearly every line is of no interest, which its first letter tells.
+        switch (line.isEmpty() ? '\0' : line.front()) {
+        case 't':
+        case 'T':
+            takeValue(line, "title", m_title);
+            break;
+        case 'p':
+        case 'P':
+            if (startsWith(line, "panel=") || startsWith(line, "panel =")) {
+                takeValue(line, "panel", m_panel);
+            }
+            break;
+        case 'u':
+        case 'U':
+            takeValue(line, "ui_manufacturer", m_manufacturer);
+            takeValue(line, "ui_variation", m_variation);
+            takeValue(line, "ui_type", m_type);
+            break;
+        default:
+            break;
         }
     }
 
     EditorContent finished(const QByteArray &bytes) const
     {
-        return {.empty = bytes.isEmpty(),
-                .aliased = namesAlias(bytes),
-                .panel = code_page::decode(m_panel),
-                .displayName = displayName()};
+        return {.aliased = namesAlias(bytes),
+                .panel = code_page::decode(m_panel.value_or(QByteArrayView())),
+                .displayName = displayName(),
+                .failure = {}};
     }
 
 private:
@@ -146,56 +161,40 @@ private:
         return cfg_content::CheckName(code_page::decode(name));
     }
 
-    QByteArrayView m_panel;
-    std::optional<QByteArrayView> m_title;
-    std::optional<QByteArrayView> m_manufacturer;
-    std::optional<QByteArrayView> m_variation;
-    std::optional<QByteArrayView> m_type;
+    Value m_panel;
+    Value m_title;
+    Value m_manufacturer;
+    Value m_variation;
+    Value m_type;
 };
 
 } // namespace
 
-TrafficContent TrafficContent::parse(const QByteArray &bytes)
-{
-    TrafficReader reader;
-    LineReader lines(bytes);
-    while (!lines.atEnd() && reader.take(lines.next())) {
-    }
-    return reader.finished(bytes);
-}
-
-EditorContent EditorContent::parse(const QByteArray &bytes)
-{
-    EditorReader reader;
-    LineReader lines(bytes);
-    while (!lines.atEnd()) {
-        reader.take(lines.next());
-    }
-    return reader.finished(bytes);
-}
-
 namespace cfg_content
 {
 
-std::pair<TrafficContent, EditorContent> parseBoth(const QByteArray &bytes)
+std::pair<TrafficContent, EditorContent> parse(const QByteArray &bytes, Content wanted)
 {
     TrafficReader traffic;
     EditorReader editor;
-    LineReader lines(bytes);
-    for (bool trafficGoesOn = true; !lines.atEnd();) {
+    bool trafficGoesOn = wanted != Content::Editor;
+    const bool editorGoesOn = wanted != Content::Traffic;
+    for (LineReader lines(bytes); !lines.atEnd() && (trafficGoesOn || editorGoesOn);) {
         const QByteArrayView line = lines.next();
         trafficGoesOn = trafficGoesOn && traffic.take(line);
-        editor.take(line);
+        if (editorGoesOn) {
+            editor.take(line);
+        }
     }
-    return {traffic.finished(bytes), editor.finished(bytes)};
+    return {traffic.finished(bytes), editorGoesOn ? editor.finished(bytes) : EditorContent()};
 }
 
 QString speedIn(const QString &line)
 {
-    const qsizetype equals = basic::inStr(line, "=");
-    const qsizetype comment = basic::inStr(line, "//");
-    const qsizetype length = comment > 0 ? line.size() - comment + 1 : line.size();
-    const QString text = basic::trim(basic::mid(line, equals + 1, length));
+    const qsizetype equals = line.indexOf(u'=');
+    const qsizetype comment = line.indexOf(QLatin1String("//"));
+    const qsizetype length = comment >= 0 ? line.size() - comment : line.size();
+    const QString text = basic::trim(line.mid(equals + 1, length));
     return basic::wholeNumberText(std::floor(basic::val(text)));
 }
 

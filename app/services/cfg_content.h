@@ -20,27 +20,25 @@ struct TrafficContent {
     QString speed;                       ///< whole number in knots as text, such as "250"
     bool complete = false;               ///< the speed was reached
     std::optional<RuntimeError> failure; ///< what ended the reading early
-
-    /// The failure is Subscript out of range (9) at a 1,502nd title, Input past end of file (62)
-    /// when the file ends in a section header, or Overflow (6).
-    static TrafficContent parse(const QByteArray &bytes);
 };
 
 /// What page 3 takes. The last value of a key wins, whatever section it stands in.
 struct EditorContent {
-    bool empty = false;   ///< the file has no bytes at all
-    bool aliased = false; ///< the word "alias" stands somewhere in it
-    QString panel;        ///< the value of "panel="; empty without one
-    QString displayName;  ///< as shown; empty when one of the four keys of a name is missing
-
-    static EditorContent parse(const QByteArray &bytes);
+    bool aliased = false;                ///< the word "alias" stands somewhere in it
+    QString panel;                       ///< the value of "panel="; empty without one
+    QString displayName;                 ///< as shown; empty when one of its four keys is missing
+    std::optional<RuntimeError> failure; ///< what ended the reading early
 };
+
+enum class Content { Traffic, Editor, Both };
 
 namespace cfg_content
 {
 
-/// Both, in one pass over the bytes.
-std::pair<TrafficContent, EditorContent> parseBoth(const QByteArray &bytes);
+/// What is wanted, in one pass over the bytes; the other one is left blank. The traffic's failure
+/// is Subscript out of range (9) at a 1,502nd title, Input past end of file (62) when the file ends
+/// in a section header, or Overflow (6).
+std::pair<TrafficContent, EditorContent> parse(const QByteArray &bytes, Content wanted);
 
 /// The speed in a "cruise_speed" line: the whole part, rounded down, of the leading number behind
 /// "="; "0" without one. A "//" comment makes the text as long as the comment is, whatever the

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Reading titles and cruise speed out of an aircraft.cfg.
-#include "aircraft_loader/aircraft_cfg.h"
+#include "aircraft_loader/available_aircraft.h"
+#include "app/services/aircraft_folders.h"
 #include "platform/code_page.h"
-#include "tests/support/failure.h"
+#include "tests/support/steps.h"
 
 #include <QtTest>
 
@@ -11,18 +12,25 @@ namespace
 
 const QString anyPath = QStringLiteral("C:\\FS9\\Aircraft\\B734\\aircraft.cfg");
 
-/// Reads one more file.
-void readNext(AircraftCfg &cfg, const QByteArray &bytes, const QString &path = anyPath)
+AircraftFolder folderWith(const QByteArray &bytes, const QString &path = anyPath)
 {
-    QString step;
-    cfg.CheckFile(
-        path, [&] { return TrafficContent::parse(bytes); }, step);
+    AircraftFolder folder;
+    folder.cfgFile = path;
+    folder.traffic = cfg_content::parse(bytes, Content::Traffic).first;
+    return folder;
+}
+
+/// Reads one more file.
+void readNext(AvailableAircraft &cfg, const QByteArray &bytes, const QString &path = anyPath)
+{
+    Steps steps;
+    cfg.CheckFile(folderWith(bytes, path), steps.step);
 }
 
 /// An aircraft.cfg as a whole, read after nothing else.
-AircraftCfg read(const QByteArray &bytes)
+AvailableAircraft read(const QByteArray &bytes)
 {
-    AircraftCfg cfg;
+    AvailableAircraft cfg;
     readNext(cfg, bytes);
     return cfg;
 }
@@ -80,8 +88,9 @@ private Q_SLOTS:
     void cslFileLeavesHaveDataAsItWas();
     void fileWithOnlyAMarkIsNotEmpty();
     void everyFileStartsWithoutTitlesAndSpeed();
-    void stepsAreNamedForTheErrorReport();
-    void fileThatCannotBeReadKeepsTheOpeningStep();
+    void fileThatCannotBeOpenedKeepsTheOpeningStep();
+    void fileThatCannotBeReadNamesTheReadingStep();
+    void fileThatIsReadEndsInTheReadingStep();
     void headerAsLastLineIsPastTheEnd_data();
     void headerAsLastLineIsPastTheEnd();
     void exactly1501TitlesAreFine();
@@ -99,7 +108,7 @@ private Q_SLOTS:
 
 void TestAircraftCfg::titlesAndSpeedAreRead()
 {
-    const AircraftCfg cfg = read(usualFile);
+    const AvailableAircraft cfg = read(usualFile);
     QVERIFY(cfg.HaveData);
     QCOMPARE(cfg.AircraftTitles, (QStringList{"Boeing 737 Blue", "Boeing 737 Red"}));
     QCOMPARE(cfg.Speed, QString("477"));
@@ -107,7 +116,7 @@ void TestAircraftCfg::titlesAndSpeedAreRead()
 
 void TestAircraftCfg::sectionHeaderIsRecognisedInEveryCase()
 {
-    const AircraftCfg cfg =
+    const AvailableAircraft cfg =
         read("[FLTSIM.0]\r\nTITLE=A\r\n[FltSim.1]\r\nTitle=B\r\nCRUISE_Speed=9\r\n");
     QCOMPARE(cfg.AircraftTitles, (QStringList{"A", "B"}));
     QCOMPARE(cfg.Speed, QString("9"));
@@ -115,15 +124,16 @@ void TestAircraftCfg::sectionHeaderIsRecognisedInEveryCase()
 
 void TestAircraftCfg::sectionHeaderMustStandAtTheBeginningOfItsLine()
 {
-    const AircraftCfg cfg = read(" [fltsim.0]\r\ntitle=A\r\n[fltsim]\r\ntitle=B\r\n;[fltsim.1]\r\n"
-                                 "title=C\r\n cruise_speed=1\r\ncruise_speed=2\r\n");
+    const AvailableAircraft cfg =
+        read(" [fltsim.0]\r\ntitle=A\r\n[fltsim]\r\ntitle=B\r\n;[fltsim.1]\r\n"
+             "title=C\r\n cruise_speed=1\r\ncruise_speed=2\r\n");
     QCOMPARE(cfg.AircraftTitles, QStringList());
     QCOMPARE(cfg.Speed, QString("2"));
 }
 
 void TestAircraftCfg::sectionNumbersAreNotChecked()
 {
-    const AircraftCfg cfg =
+    const AvailableAircraft cfg =
         read("[fltsim.7]\r\ntitle=Seven\r\n[fltsim.7]\r\ntitle=Again\r\n"
              "[fltsim.x]\r\ntitle=X\r\n[fltsim.0]\r\ntitle=Zero\r\ncruise_speed=1\r\n");
     QCOMPARE(cfg.AircraftTitles, (QStringList{"Seven", "Again", "X", "Zero"}));
@@ -149,7 +159,7 @@ void TestAircraftCfg::titleIsTheLineBelowTheHeaderWhateverItsKey()
 {
     QFETCH(QByteArray, line);
     QFETCH(QString, title);
-    const AircraftCfg cfg = read("[fltsim.0]\r\n" + line + "\r\ncruise_speed=1\r\n");
+    const AvailableAircraft cfg = read("[fltsim.0]\r\n" + line + "\r\ncruise_speed=1\r\n");
     QCOMPARE(cfg.AircraftTitles, QStringList{title});
 }
 
@@ -165,20 +175,21 @@ void TestAircraftCfg::commentLineBelowTheHeaderIsTakenForTheTitle()
 {
     QFETCH(QByteArray, comment);
     QFETCH(QString, title);
-    const AircraftCfg cfg =
+    const AvailableAircraft cfg =
         read("[fltsim.0]\r\n" + comment + "\r\ntitle=Boeing\r\ncruise_speed=1\r\n");
     QCOMPARE(cfg.AircraftTitles, QStringList{title});
 }
 
 void TestAircraftCfg::secondHeaderBelowAHeaderIsItsTitle()
 {
-    const AircraftCfg cfg = read("[fltsim.0]\r\n[fltsim.1]\r\ntitle=Boeing\r\ncruise_speed=1\r\n");
+    const AvailableAircraft cfg =
+        read("[fltsim.0]\r\n[fltsim.1]\r\ntitle=Boeing\r\ncruise_speed=1\r\n");
     QCOMPARE(cfg.AircraftTitles, QStringList{"[fltsim.1]"});
 }
 
 void TestAircraftCfg::speedLineBelowAHeaderIsTitleAndSpeed()
 {
-    const AircraftCfg cfg = read("[fltsim.0]\r\ncruise_speed=250\r\ntitle=Boeing\r\n");
+    const AvailableAircraft cfg = read("[fltsim.0]\r\ncruise_speed=250\r\ntitle=Boeing\r\n");
     QVERIFY(cfg.HaveData);
     QCOMPARE(cfg.AircraftTitles, QStringList{"250"});
     QCOMPARE(cfg.Speed, QString("250"));
@@ -186,7 +197,7 @@ void TestAircraftCfg::speedLineBelowAHeaderIsTitleAndSpeed()
 
 void TestAircraftCfg::sectionsBehindTheSpeedLineAreNotSeen()
 {
-    const AircraftCfg cfg =
+    const AvailableAircraft cfg =
         read("[fltsim.0]\r\ntitle=Above\r\ncruise_speed=250\r\n[fltsim.1]\r\ntitle=Below\r\n");
     QCOMPARE(cfg.AircraftTitles, QStringList{"Above"});
     QVERIFY(cfg.HaveData);
@@ -200,7 +211,7 @@ void TestAircraftCfg::onlyTheFirstSpeedLineCounts()
 
 void TestAircraftCfg::titlesWithoutASpeedLineYieldNoData()
 {
-    const AircraftCfg cfg = read("[fltsim.0]\r\ntitle=Boeing\r\n[Reference Speeds]\r\n");
+    const AvailableAircraft cfg = read("[fltsim.0]\r\ntitle=Boeing\r\n[Reference Speeds]\r\n");
     QVERIFY(!cfg.HaveData);
     QCOMPARE(cfg.Speed, QString());
     QCOMPARE(cfg.AircraftTitles, QStringList{"Boeing"});
@@ -208,7 +219,7 @@ void TestAircraftCfg::titlesWithoutASpeedLineYieldNoData()
 
 void TestAircraftCfg::speedWithoutTitlesIsData()
 {
-    const AircraftCfg cfg = read("cruise_speed=250");
+    const AvailableAircraft cfg = read("cruise_speed=250");
     QVERIFY(cfg.HaveData);
     QCOMPARE(cfg.AircraftTitles, QStringList());
     QCOMPARE(cfg.Speed, QString("250"));
@@ -290,25 +301,20 @@ void TestAircraftCfg::pathWithCslInAnyCaseIsNotEvenOpened_data()
 void TestAircraftCfg::pathWithCslInAnyCaseIsNotEvenOpened()
 {
     QFETCH(QString, path);
-    AircraftCfg cfg;
-    QString step = "Get Aircraft Name";
-    bool opened = false;
-    cfg.CheckFile(
-        path,
-        [&] {
-            opened = true;
-            return TrafficContent::parse(usualFile);
-        },
-        step);
-    QVERIFY(!opened);
+    AvailableAircraft cfg;
+    AircraftFolder folder = folderWith(usualFile, path);
+    folder.failure = RuntimeError(ErrorNumber::FileNotFound);
+    Steps steps;
+    steps.step.set("Get Aircraft Name");
+    cfg.CheckFile(folder, steps.step);
     QVERIFY(!cfg.HaveData);
     QCOMPARE(cfg.AircraftTitles, QStringList());
-    QCOMPARE(step, QString("Get Aircraft Name"));
+    QCOMPARE(steps.state.ErrMsg, QString("Get Aircraft Name"));
 }
 
 void TestAircraftCfg::emptyFileLeavesHaveDataAsItWas()
 {
-    AircraftCfg cfg = read(usualFile);
+    AvailableAircraft cfg = read(usualFile);
     readNext(cfg, {});
     QVERIFY(cfg.HaveData);
     QCOMPARE(cfg.AircraftTitles, QStringList());
@@ -321,7 +327,7 @@ void TestAircraftCfg::emptyFileLeavesHaveDataAsItWas()
 
 void TestAircraftCfg::cslFileLeavesHaveDataAsItWas()
 {
-    AircraftCfg cfg = read(usualFile);
+    AvailableAircraft cfg = read(usualFile);
     readNext(cfg, usualFile, "C:\\Aircraft\\CSL\\aircraft.cfg");
     QVERIFY(cfg.HaveData);
     QCOMPARE(cfg.AircraftTitles, QStringList());
@@ -330,50 +336,52 @@ void TestAircraftCfg::cslFileLeavesHaveDataAsItWas()
 
 void TestAircraftCfg::fileWithOnlyAMarkIsNotEmpty()
 {
-    AircraftCfg cfg = read(usualFile);
+    AvailableAircraft cfg = read(usualFile);
     readNext(cfg, "\xEF\xBB\xBF");
     QVERIFY(!cfg.HaveData);
 }
 
 void TestAircraftCfg::everyFileStartsWithoutTitlesAndSpeed()
 {
-    AircraftCfg cfg = read(usualFile);
+    AvailableAircraft cfg = read(usualFile);
     readNext(cfg, "[fltsim.0]\r\ntitle=Airbus\r\n");
     QCOMPARE(cfg.AircraftTitles, QStringList{"Airbus"});
     QCOMPARE(cfg.Speed, QString());
     QVERIFY(!cfg.HaveData);
 }
 
-void TestAircraftCfg::stepsAreNamedForTheErrorReport()
+void TestAircraftCfg::fileThatCannotBeOpenedKeepsTheOpeningStep()
 {
-    AircraftCfg cfg;
-    QString step;
-    QString stepWhileOpening;
-    cfg.CheckFile(
-        anyPath,
-        [&] {
-            stepWhileOpening = step;
-            return TrafficContent::parse(usualFile);
-        },
-        step);
-    QCOMPARE(stepWhileOpening, QString("Opening C:\\FS9\\Aircraft\\B734\\aircraft.cfg"));
-    QCOMPARE(step, QString("Get Aircraft Data in\rC:\\FS9\\Aircraft\\B734\\aircraft.cfg"));
-}
-
-void TestAircraftCfg::fileThatCannotBeReadKeepsTheOpeningStep()
-{
-    AircraftCfg cfg = read(usualFile);
-    QString step;
-    QCOMPARE(failureOf([&] {
-                 cfg.CheckFile(
-                     anyPath,
-                     []() -> TrafficContent { throw RuntimeError(ErrorNumber::FileNotFound); },
-                     step);
-             }),
-             QString("53 File not found"));
-    QCOMPARE(step, QString("Opening C:\\FS9\\Aircraft\\B734\\aircraft.cfg"));
+    AvailableAircraft cfg = read(usualFile);
+    AircraftFolder folder = folderWith(usualFile);
+    folder.failure = RuntimeError(ErrorNumber::FileNotFound);
+    Steps steps;
+    QCOMPARE(steps.failureOf([&](Step &step) { cfg.CheckFile(folder, step); }),
+             QString("53 File not found: Opening C:\\FS9\\Aircraft\\B734\\aircraft.cfg"));
     QCOMPARE(cfg.AircraftTitles, QStringList());
     QCOMPARE(cfg.Speed, QString());
+}
+
+void TestAircraftCfg::fileThatCannotBeReadNamesTheReadingStep()
+{
+    AvailableAircraft cfg = read(usualFile);
+    AircraftFolder folder = folderWith("[General]\r\n");
+    folder.traffic.failure = RuntimeError(ErrorNumber::DeviceIoError);
+    Steps steps;
+    QCOMPARE(steps.failureOf([&](Step &step) { cfg.CheckFile(folder, step); }),
+             QString("57 Device I/O error: "
+                     "Get Aircraft Data in\rC:\\FS9\\Aircraft\\B734\\aircraft.cfg"));
+    QVERIFY(cfg.HaveData);
+    QCOMPARE(cfg.Speed, QString());
+}
+
+void TestAircraftCfg::fileThatIsReadEndsInTheReadingStep()
+{
+    AvailableAircraft cfg;
+    Steps steps;
+    cfg.CheckFile(folderWith(usualFile), steps.step);
+    QCOMPARE(steps.state.ErrMsg,
+             QString("Get Aircraft Data in\rC:\\FS9\\Aircraft\\B734\\aircraft.cfg"));
 }
 
 void TestAircraftCfg::headerAsLastLineIsPastTheEnd_data()
@@ -392,7 +400,7 @@ void TestAircraftCfg::headerAsLastLineIsPastTheEnd()
 
 void TestAircraftCfg::exactly1501TitlesAreFine()
 {
-    const AircraftCfg cfg = read(sections(1501) + "cruise_speed=250\r\n");
+    const AvailableAircraft cfg = read(sections(1501) + "cruise_speed=250\r\n");
     QVERIFY(cfg.HaveData);
     QCOMPARE(cfg.AircraftTitles.size(), 1501);
     QCOMPARE(cfg.AircraftTitles.last(), QString("Title 1500"));
@@ -416,7 +424,7 @@ void TestAircraftCfg::lineEndsAreCrLfCrAndLf_data()
 void TestAircraftCfg::lineEndsAreCrLfCrAndLf()
 {
     QFETCH(QByteArray, bytes);
-    const AircraftCfg cfg = read(bytes);
+    const AvailableAircraft cfg = read(bytes);
     QVERIFY(cfg.HaveData);
     QCOMPARE(cfg.AircraftTitles, QStringList{"A"});
     QCOMPARE(cfg.Speed, QString("250"));
@@ -424,7 +432,7 @@ void TestAircraftCfg::lineEndsAreCrLfCrAndLf()
 
 void TestAircraftCfg::utf8MarkBeforeTheFirstHeaderIsPassedOver()
 {
-    const AircraftCfg cfg = read("\xEF\xBB\xBF" + usualFile);
+    const AvailableAircraft cfg = read("\xEF\xBB\xBF" + usualFile);
     QCOMPARE(cfg.AircraftTitles, (QStringList{"Boeing 737 Blue", "Boeing 737 Red"}));
 }
 
@@ -436,16 +444,16 @@ void TestAircraftCfg::everyByteOfATitleIsKept()
             title += static_cast<char>(byte);
         }
     }
-    const AircraftCfg cfg = read("[fltsim.0]\r\ntitle=" + title + "\r\ncruise_speed=1\r\n");
+    const AvailableAircraft cfg = read("[fltsim.0]\r\ntitle=" + title + "\r\ncruise_speed=1\r\n");
     QCOMPARE(cfg.AircraftTitles.size(), 1);
     QCOMPARE(code_page::encode(cfg.AircraftTitles[0]), title);
 }
 
 void TestAircraftCfg::nulBytesAreText()
 {
-    const AircraftCfg cfg = read(QByteArrayLiteral("\0[fltsim.0]\r\ntitle=No\r\n"
-                                                   "[fltsim.1]\r\ntitle=Bo\0eing\r\n"
-                                                   "\0\0\0\r\ncruise_speed=250\0\r\n"));
+    const AvailableAircraft cfg = read(QByteArrayLiteral("\0[fltsim.0]\r\ntitle=No\r\n"
+                                                         "[fltsim.1]\r\ntitle=Bo\0eing\r\n"
+                                                         "\0\0\0\r\ncruise_speed=250\0\r\n"));
     QVERIFY(cfg.HaveData);
     QCOMPARE(cfg.AircraftTitles, QStringList{QString::fromLatin1("Bo\0eing", 7)});
     QCOMPARE(cfg.Speed, QString("250"));
@@ -453,7 +461,7 @@ void TestAircraftCfg::nulBytesAreText()
 
 void TestAircraftCfg::lineOfTenMegabytesIsPassedOver()
 {
-    const AircraftCfg cfg = read(QByteArray(10'000'000, 'x') + "\r\n" + usualFile);
+    const AvailableAircraft cfg = read(QByteArray(10'000'000, 'x') + "\r\n" + usualFile);
     QCOMPARE(cfg.AircraftTitles, (QStringList{"Boeing 737 Blue", "Boeing 737 Red"}));
     QCOMPARE(cfg.Speed, QString("477"));
 }
@@ -461,7 +469,7 @@ void TestAircraftCfg::lineOfTenMegabytesIsPassedOver()
 void TestAircraftCfg::titleOfTenMegabytesIsATitle()
 {
     const QByteArray title(10'000'000, 'x');
-    const AircraftCfg cfg = read("[fltsim.0]\r\ntitle=" + title + "\r\ncruise_speed=1\r\n");
+    const AvailableAircraft cfg = read("[fltsim.0]\r\ntitle=" + title + "\r\ncruise_speed=1\r\n");
     QCOMPARE(cfg.AircraftTitles, QStringList{QString::fromLatin1(title)});
 }
 
@@ -494,7 +502,7 @@ void TestAircraftCfg::folderNameIsCutByTheLayout()
     QFETCH(bool, airplanes);
     QFETCH(bool, rotorcraft);
     QFETCH(QString, name);
-    QCOMPARE(aircraft_cfg::folderName(path, airplanes, rotorcraft), name);
+    QCOMPARE(available_aircraft::folderName(path, {airplanes, rotorcraft}), name);
 }
 
 QTEST_APPLESS_MAIN(TestAircraftCfg)

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "config_editor/aircraft_catalogue.h"
 
-#include "tests/support/failure.h"
+#include "app/services/aircraft_folders.h"
 #include "tests/support/sandbox.h"
+#include "tests/support/steps.h"
 
+#include <QDir>
 #include <QFile>
 #include <QtTest>
 
@@ -19,9 +21,9 @@ struct Walk {
     Sandbox sandbox;
     AircraftFolders aircraftFolders;
     AircraftCatalogue catalogue;
-    QString ErrMsg;
-    QStringList read;
+    Steps steps;
     QStringList failures;
+    std::function<void()> beforeFirst = [] {}; ///< runs once the folders are listed
 
     void add(const QString &folder, const QByteArray &bytes,
              const QString &file = "aircraft.cfg") const
@@ -29,15 +31,20 @@ struct Walk {
         sandbox.write(directory + '\\' + folder + '\\' + file, bytes);
     }
 
-    void run(const QStringList &folders)
+    QString host(const QString &folder) const { return sandbox.host(directory + '\\' + folder); }
+
+    /// Walks through the folders as the page does.
+    void run()
     {
-        catalogue.run(aircraftFolders, directory, folders, ErrMsg,
-                      {.folderReached = [](int) {},
-                       .aircraftRead = [this](const QString &folder) { read += folder; },
-                       .fileFailed =
-                           [this](const RuntimeError &error) {
-                               failures += error.description() + ": " + ErrMsg;
-                           }});
+        catalogue = {};
+        AircraftFolders::Walk walk = aircraftFolders.walk(directory, Content::Editor);
+        beforeFirst();
+        while (const AircraftFolder *folder = walk.next(steps.step)) {
+            const QString failure = steps.failureOf([&](Step &step) {
+                catalogue.take(*folder, aircraft_catalogue::rootOf(directory), step);
+            });
+            failures += failure.isEmpty() ? QStringList() : QStringList{failure};
+        }
     }
 };
 
@@ -57,6 +64,7 @@ private Q_SLOTS:
     void everyAircraftReadIsOnTheListWithoutForceFeedback();
     void longNameIsCutInTheListingOnly();
     void unreadableFileIsReportedAndTheWalkGoesOn();
+    void fileThatOpensButCannotBeReadIsReportedToo();
     void folderThatIsGoneEndsTheWalk();
     void secondWalkStartsAnew();
 };
@@ -108,7 +116,7 @@ void TestAircraftCatalogue::listsStayIndexForIndexWhenFilesAreSkipped()
     walk.add("c", "title=without the rest\r\npanel=lost\r\n");
     walk.add("d", "no configuration", "readme.txt");
     walk.add("e", fourKeys + "title=Other\r\nalias=a\r\n", "AirCraft.CFG");
-    walk.run({"a", "b", "c", "d", "e"});
+    walk.run();
     QCOMPARE(walk.catalogue.names,
              (QStringList{"Beech - 58 - Red - Baron", "Beech - 58 - Red - Other"}));
     QCOMPARE(walk.catalogue.cfgFiles, (QStringList{"C:\\FS9\\Aircraft\\a\\aircraft.cfg",
@@ -124,7 +132,7 @@ void TestAircraftCatalogue::accentedLettersAreLostInNameAndListing()
 {
     Walk walk;
     walk.add("a", fourKeys + "title=Caf\xE9 {Baron}\r\n");
-    walk.run({"a"});
+    walk.run();
     QCOMPARE(walk.catalogue.names, QStringList{"Beech - 58 - Red - Caf Baron"});
     QCOMPARE(walk.catalogue.listing,
              QStringList{"Beech - 58 - Red - Caf Baron" + QString(47, ' ') + "  \\a"});
@@ -136,17 +144,16 @@ void TestAircraftCatalogue::everyAircraftReadIsOnTheListWithoutForceFeedback()
     walk.add("a", fourKeys + "force feedback=1\r\n[forcefeedback]\r\n");
     walk.add("b", "");
     walk.add("d", "", "readme.txt");
-    walk.run({"a", "b", "d"});
+    walk.run();
     QCOMPARE(walk.catalogue.folders, (QStringList{"C:\\FS9\\Aircraft\\a", "C:\\FS9\\Aircraft\\b"}));
     QCOMPARE(walk.catalogue.folderNames, (QStringList{"a", "b"}));
-    QCOMPARE(walk.read, (QStringList{"a", "b"}));
 }
 
 void TestAircraftCatalogue::longNameIsCutInTheListingOnly()
 {
     Walk walk;
     walk.add("a", fourKeys + "title=" + QByteArray(100, 'x'));
-    walk.run({"a"});
+    walk.run();
     const QString name = "Beech - 58 - Red - " + QString(100, 'x');
     QCOMPARE(walk.catalogue.names, QStringList{name});
     QCOMPARE(walk.catalogue.listing, QStringList{name.first(75) + "  \\a"});
@@ -159,9 +166,21 @@ void TestAircraftCatalogue::unreadableFileIsReportedAndTheWalkGoesOn()
     walk.add("b", fourKeys);
     QFile::setPermissions(walk.sandbox.host("C:\\FS9\\Aircraft\\a\\aircraft.cfg"), {});
     const OrdinaryUser user(walk.sandbox);
-    walk.run({"a", "b"});
+    walk.run();
     QCOMPARE(walk.failures,
-             QStringList{"Path/File access error: Opening C:\\FS9\\Aircraft\\a\\aircraft.cfg"});
+             QStringList{"75 Path/File access error: Opening C:\\FS9\\Aircraft\\a\\aircraft.cfg"});
+    QCOMPARE(walk.catalogue.cfgFiles, QStringList{"C:\\FS9\\Aircraft\\b\\aircraft.cfg"});
+    QCOMPARE(walk.catalogue.folderNames, (QStringList{"a", "b"}));
+}
+
+void TestAircraftCatalogue::fileThatOpensButCannotBeReadIsReportedToo()
+{
+    Walk walk;
+    walk.add("b", fourKeys);
+    QVERIFY(QDir(walk.host("b")).mkpath("../a"));
+    QVERIFY(QFile::link("/proc/self/mem", walk.host("a\\aircraft.cfg")));
+    walk.run();
+    QCOMPARE(walk.failures, QStringList{"57 Device I/O error: Check for FF Code"});
     QCOMPARE(walk.catalogue.cfgFiles, QStringList{"C:\\FS9\\Aircraft\\b\\aircraft.cfg"});
     QCOMPARE(walk.catalogue.folderNames, (QStringList{"a", "b"}));
 }
@@ -170,9 +189,11 @@ void TestAircraftCatalogue::folderThatIsGoneEndsTheWalk()
 {
     Walk walk;
     walk.add("a", fourKeys);
+    walk.add("b", fourKeys);
     walk.add("c", fourKeys);
-    QCOMPARE(failureOf([&] { walk.run({"a", "b", "c"}); }), QString("76 Path not found"));
-    QCOMPARE(walk.ErrMsg, QString("Set path to C:\\FS9\\Aircraft\\b"));
+    walk.beforeFirst = [&] { QVERIFY(QDir(walk.host("b")).removeRecursively()); };
+    QCOMPARE(failureOf([&] { walk.run(); }), QString("76 Path not found"));
+    QCOMPARE(walk.steps.state.ErrMsg, QString("Set path to C:\\FS9\\Aircraft\\b"));
     QCOMPARE(walk.catalogue.cfgFiles, QStringList{"C:\\FS9\\Aircraft\\a\\aircraft.cfg"});
 }
 
@@ -180,8 +201,8 @@ void TestAircraftCatalogue::secondWalkStartsAnew()
 {
     Walk walk;
     walk.add("a", fourKeys);
-    walk.run({"a"});
-    walk.run({"a"});
+    walk.run();
+    walk.run();
     QCOMPARE(walk.catalogue.names, QStringList{"Beech - 58 - Red - Baron"});
     QCOMPARE(walk.catalogue.folders, QStringList{"C:\\FS9\\Aircraft\\a"});
 }

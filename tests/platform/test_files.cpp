@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Files and folders by their Windows paths, and what fails about them.
 #include "platform/files.h"
-#include "platform/sub_folder_reader.h"
 #include "tests/support/failure.h"
 #include "tests/support/file_size_limit.h"
 #include "tests/support/sandbox.h"
@@ -47,18 +46,6 @@ const std::array<Operation, 3> writing = {{
     {"write", [](const QString &path) { files::writeAll(path, "new\r\n"); }},
 }};
 
-/// What is found of an aircraft.cfg, as "name: content" or "name: failure"; empty without one.
-QString foundIn(const files::SubFolderReader &reader, const QString &subFolder)
-{
-    files::FoundFile found;
-    reader.read(subFolder, "aircraft.cfg", found);
-    if (found.name.isEmpty()) {
-        return {};
-    }
-    return found.name + ": " +
-           (found.failure ? found.failure->description() : QString::fromLatin1(found.content));
-}
-
 } // namespace
 
 class TestFiles : public QObject
@@ -93,13 +80,6 @@ private Q_SLOTS:
     void subFoldersLeaveOutFilesHiddenAndUnspellableNames();
     void subFoldersOfNoFolderFail();
     void filesMatchAPatternBlindToCase();
-    void subFolderReaderFindsNamesBlindToCase();
-    void subFolderReaderPassesOverFoldersOfTheName();
-    void subFolderReaderReadsLongAndShortFilesIntoTheSameMemory();
-    void subFolderReaderKeepsWhyAFileCannotBeRead();
-    void subFolderThatVanishedFails();
-    void folderThatVanishedFails();
-    void unreadableSubFolderFails();
 };
 
 void TestFiles::everyByteIsReadAndWritten()
@@ -442,16 +422,12 @@ void TestFiles::subFoldersOfNoFolderFail()
     for (const QString &path : {file, QStringLiteral("C:\\None")}) {
         QCOMPARE(failureOf([&] { files::subFolders(path); }), "76 Path not found");
         QCOMPARE(failureOf([&] { files::filesMatching(path, "*"); }), "76 Path not found");
-        QCOMPARE(failureOf([&] { const files::SubFolderReader reader(path); }),
-                 "76 Path not found");
     }
     sandbox.makeFolder(folder);
     restrict(sandbox, folder, {});
     const OrdinaryUser user(sandbox);
     QCOMPARE(failureOf([] { files::subFolders(folder); }), "75 Path/File access error");
     QCOMPARE(failureOf([] { files::filesMatching(folder, "*"); }), "75 Path/File access error");
-    QCOMPARE(failureOf([] { const files::SubFolderReader reader(folder); }),
-             "75 Path/File access error");
 }
 
 void TestFiles::filesMatchAPatternBlindToCase()
@@ -466,101 +442,6 @@ void TestFiles::filesMatchAPatternBlindToCase()
              (QStringList{"aircraft.txt", "Aircraft_b.txt", "AIRCRAFT_Set.TXT"}));
     QCOMPARE(files::filesMatching(folder, "AIRCRAFT.TXT"), QStringList{"aircraft.txt"});
     QCOMPARE(files::filesMatching(folder, "*.cfg"), QStringList());
-}
-
-void TestFiles::subFolderReaderFindsNamesBlindToCase()
-{
-    const Sandbox sandbox;
-    sandbox.write("C:\\FS9\\A\\aircraft.cfg", "exact");
-    sandbox.write("C:\\FS9\\B\\AIRCRAFT.Cfg", "other case");
-    sandbox.write("C:\\FS9\\B\\aircraft.cfg.bak", "another file");
-    sandbox.write("C:\\FS9\\C\\model.cfg", "none");
-    sandbox.makeFolder("C:\\FS9\\D");
-    const files::SubFolderReader reader("c:\\fs9");
-    QCOMPARE(foundIn(reader, "A"), "aircraft.cfg: exact");
-    QCOMPARE(foundIn(reader, "B"), "AIRCRAFT.Cfg: other case");
-    QCOMPARE(foundIn(reader, "C"), "");
-    QCOMPARE(foundIn(reader, "D"), "");
-    QCOMPARE(foundIn(reader, "a"), "aircraft.cfg: exact");
-}
-
-void TestFiles::subFolderReaderPassesOverFoldersOfTheName()
-{
-    const Sandbox sandbox;
-    sandbox.makeFolder("C:\\FS9\\A\\aircraft.cfg");
-    sandbox.makeFolder("C:\\FS9\\B\\aircraft.cfg");
-    sandbox.write("C:\\FS9\\B\\AIRCRAFT.CFG", "the file");
-    const files::SubFolderReader reader("C:\\FS9");
-    QCOMPARE(foundIn(reader, "A"), "");
-    QCOMPARE(foundIn(reader, "B"), "AIRCRAFT.CFG: the file");
-}
-
-void TestFiles::subFolderReaderReadsLongAndShortFilesIntoTheSameMemory()
-{
-    const Sandbox sandbox;
-    const QByteArray big = QByteArray("0123456789").repeated(50'000);
-    const QByteArray whole(65536, 'w'); // just fills the usual buffer
-    sandbox.write("C:\\FS9\\Big\\aircraft.cfg", big);
-    sandbox.write("C:\\FS9\\Whole\\aircraft.cfg", whole);
-    sandbox.write("C:\\FS9\\Small\\aircraft.cfg", "small");
-    sandbox.write("C:\\FS9\\Empty\\aircraft.cfg", "");
-    const files::SubFolderReader reader("C:\\FS9");
-    files::FoundFile found;
-    for (const auto &[name, content] : {std::pair(QString("Big"), big),
-                                        {QString("Small"), QByteArray("small")},
-                                        {QString("Whole"), whole},
-                                        {QString("Empty"), QByteArray("")}}) {
-        reader.read(name, "aircraft.cfg", found);
-        QVERIFY(!found.failure);
-        QVERIFY2(found.content == content, qPrintable(name));
-    }
-}
-
-void TestFiles::subFolderReaderKeepsWhyAFileCannotBeRead()
-{
-    const Sandbox sandbox;
-    sandbox.write("C:\\FS9\\A\\aircraft.cfg", "closed");
-    sandbox.write("C:\\FS9\\B\\aircraft.cfg", "open");
-    sandbox.makeFolder("C:\\FS9\\C");
-    QVERIFY(QFile::link("aircraft.cfg", sandbox.host("C:\\FS9\\C\\aircraft.cfg")));
-    restrict(sandbox, "C:\\FS9\\A\\aircraft.cfg", QFile::WriteOwner);
-    const OrdinaryUser user(sandbox);
-    const files::SubFolderReader reader("C:\\FS9");
-    QCOMPARE(foundIn(reader, "A"), "aircraft.cfg: Path/File access error");
-    QCOMPARE(foundIn(reader, "B"), "aircraft.cfg: open");
-    QCOMPARE(foundIn(reader, "C"), "aircraft.cfg: Path not found");
-}
-
-void TestFiles::subFolderThatVanishedFails()
-{
-    const Sandbox sandbox;
-    sandbox.write("C:\\FS9\\A\\aircraft.cfg", "");
-    sandbox.write("C:\\FS9\\B\\aircraft.cfg", "still there");
-    const files::SubFolderReader reader("C:\\FS9");
-    QVERIFY(QDir(sandbox.host("C:\\FS9\\A")).removeRecursively());
-    QCOMPARE(failureOf([&] { foundIn(reader, "A"); }), "76 Path not found");
-    sandbox.write("C:\\FS9\\A", "a file now");
-    QCOMPARE(failureOf([&] { foundIn(reader, "A"); }), "76 Path not found");
-    QCOMPARE(foundIn(reader, "B"), "aircraft.cfg: still there");
-}
-
-void TestFiles::folderThatVanishedFails()
-{
-    const Sandbox sandbox;
-    sandbox.write("C:\\FS9\\A\\aircraft.cfg", "");
-    const files::SubFolderReader reader("C:\\FS9");
-    QVERIFY(QDir(sandbox.host("C:\\FS9")).removeRecursively());
-    QCOMPARE(failureOf([&] { foundIn(reader, "A"); }), "76 Path not found");
-}
-
-void TestFiles::unreadableSubFolderFails()
-{
-    const Sandbox sandbox;
-    sandbox.write("C:\\FS9\\A\\aircraft.cfg", "");
-    restrict(sandbox, "C:\\FS9\\A", {});
-    const OrdinaryUser user(sandbox);
-    const files::SubFolderReader reader("C:\\FS9");
-    QCOMPARE(failureOf([&] { foundIn(reader, "A"); }), "75 Path/File access error");
 }
 
 QTEST_GUILESS_MAIN(TestFiles)

@@ -1,24 +1,29 @@
 // SPDX-License-Identifier: MIT
-// Walking through the aircraft folders: alone, sharing one look, and with a look begun before.
+// Walking through the aircraft folders, alone and with what an earlier walk saw remembered.
 #include "app/services/aircraft_folders.h"
-#include "tests/support/failure.h"
 #include "tests/support/sandbox.h"
+#include "tests/support/steps.h"
 
+#include <QDir>
 #include <QFile>
 #include <QtTest>
 
+#include <functional>
+
 namespace
 {
-
-using Content = AircraftFolders::Content;
 
 const QString directory = QStringLiteral("C:\\FS9\\Aircraft");
 
 struct Aircraft {
     Sandbox sandbox;
     AircraftFolders folders;
-    QString step;
+    Steps steps;
     QList<int> reached;
+    QStringList stepsBehind;                   ///< the step when each folder was reached
+    std::function<void()> beforeFirst = [] {}; ///< runs once the folders are listed
+
+    QString host(const QString &folder) const { return sandbox.host(directory + '\\' + folder); }
 
     void add(const QString &folder, const QByteArray &title) const
     {
@@ -28,18 +33,22 @@ struct Aircraft {
                           "cruise_speed=100\r\n");
     }
 
-    /// "folder: titles for traffic, name for the editor", as told.
-    QStringList walk(const QStringList &subFolders, Content wanted)
+    /// "folder: titles for traffic, name for the editor" of each folder that holds a file.
+    QStringList walk(Content wanted, const QString &path = directory)
     {
         QStringList told;
         reached.clear();
-        folders.walk(directory, subFolders, wanted, step,
-                     {.folderReached = [this](int index) { reached += index; },
-                      .cfgFound =
-                          [&](const AircraftFolder &folder) {
-                              told += folder.name + ": " + folder.traffic.titles.join('+') + ", " +
-                                      folder.editor.displayName;
-                          }});
+        stepsBehind.clear();
+        AircraftFolders::Walk walk = folders.walk(path, wanted);
+        beforeFirst();
+        while (const AircraftFolder *folder = walk.next(steps.step)) {
+            reached += walk.index();
+            stepsBehind += steps.state.ErrMsg;
+            if (!folder->cfgFile.isEmpty()) {
+                told += folder->name + ": " + folder->traffic.titles.join('+') + ", " +
+                        folder->editor.displayName;
+            }
+        }
         return told;
     }
 };
@@ -51,53 +60,65 @@ class TestAircraftFolders : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void foldersAreToldInOrder();
+    void foldersComeInOrder();
+    void countIsThatOfTheFolders();
     void onlyWhatIsWantedIsParsed();
-    void folderWithoutConfigurationIsReachedNotTold();
+    void folderWithoutConfigurationComesWithoutAFile();
     void folderThatIsGoneEndsTheWalk();
-    void stepNamesTheFolder();
-    void walksThatShareOneLookAreToldTheSame();
-    void walkBehindASharedLookSeesWhatIsThere();
-    void sharedLookServesItsOwnFoldersOnly();
-    void walkThatFailedIsNotShared();
-    void lookAheadIsToldToTheFirstWalk();
-    void lookAheadOfAnotherDirectoryIsLeftAlone();
-    void lookAheadOfADirectoryThatIsGoneIsNoFailureOfItsOwn();
-    void folderInstalledSinceTheLookAheadIsSeen();
-    void lookAheadNobodyWantsIsGivenUp();
+    void directoryThatIsGoneCannotBeWalked();
+    void stepsNameTheFolderAndItsFile();
+    void failuresToOpenAndToReadAreToldApart();
+    void rememberedWalkSeesWhatTheFirstOneSaw();
+    void rememberedFoldersComeWithTheirSteps();
+    void nothingIsRememberedUnlessWanted();
+    void forgettingHasTheFoldersReadAnew();
+    void anotherDirectoryIsRead();
+    void directoryWithoutFoldersIsRememberedToo();
+    void walkThatFailedIsNotRemembered();
+    void walkGivenUpHalfWayIsNotRemembered();
 };
 
-void TestAircraftFolders::foldersAreToldInOrder()
+void TestAircraftFolders::foldersComeInOrder()
 {
     Aircraft aircraft;
-    QStringList names;
     QStringList expected;
     QList<int> indexes;
-    for (int i = 0; i < 600; ++i) { // more than are visited at a time
-        names += QStringLiteral("ai_%1").arg(i, 3, 10, QChar('0'));
-        aircraft.add(names.last(), QByteArray::number(i));
-        expected += names.last() + ": " + QString::number(i) + ", ";
+    for (int i = 0; i < 600; ++i) {
+        const QString name = QStringLiteral("ai_%1").arg(i, 3, 10, QChar('0'));
+        aircraft.add(name, QByteArray::number(i));
+        expected += name + ": " + QString::number(i) + ", ";
         indexes += i;
     }
-    QCOMPARE(aircraft.walk(names, Content::Traffic), expected);
+    QCOMPARE(aircraft.walk(Content::Traffic), expected);
     QCOMPARE(aircraft.reached, indexes);
+}
+
+void TestAircraftFolders::countIsThatOfTheFolders()
+{
+    Aircraft aircraft;
+    aircraft.sandbox.makeFolder(directory + "\\A");
+    aircraft.add("B", "Baron");
+    aircraft.folders.remember();
+    QCOMPARE(aircraft.folders.walk(directory, Content::Traffic).count(), 2);
+    aircraft.walk(Content::Traffic);
+    QCOMPARE(aircraft.folders.walk(directory, Content::Traffic).count(), 2);
 }
 
 void TestAircraftFolders::onlyWhatIsWantedIsParsed()
 {
     Aircraft aircraft;
     aircraft.add("A", "Baron");
-    QCOMPARE(aircraft.walk({"A"}, Content::Traffic), QStringList{"A: Baron, "});
-    QCOMPARE(aircraft.walk({"A"}, Content::Editor), QStringList{"A: , M - T - V - Baron"});
-    QCOMPARE(aircraft.walk({"A"}, Content::All), QStringList{"A: Baron, M - T - V - Baron"});
+    QCOMPARE(aircraft.walk(Content::Traffic), QStringList{"A: Baron, "});
+    QCOMPARE(aircraft.walk(Content::Editor), QStringList{"A: , M - T - V - Baron"});
+    QCOMPARE(aircraft.walk(Content::Both), QStringList{"A: Baron, M - T - V - Baron"});
 }
 
-void TestAircraftFolders::folderWithoutConfigurationIsReachedNotTold()
+void TestAircraftFolders::folderWithoutConfigurationComesWithoutAFile()
 {
     Aircraft aircraft;
     aircraft.add("A", "Baron");
     aircraft.sandbox.makeFolder(directory + "\\B");
-    QCOMPARE(aircraft.walk({"A", "B"}, Content::Traffic), QStringList{"A: Baron, "});
+    QCOMPARE(aircraft.walk(Content::Traffic), QStringList{"A: Baron, "});
     QCOMPARE(aircraft.reached, (QList<int>{0, 1}));
 }
 
@@ -105,132 +126,153 @@ void TestAircraftFolders::folderThatIsGoneEndsTheWalk()
 {
     Aircraft aircraft;
     aircraft.add("A", "Baron");
+    aircraft.add("B", "Baron");
     aircraft.add("C", "Baron");
-    QCOMPARE(failureOf([&] {
-                 aircraft.walk({"A", "B", "C"}, Content::Traffic);
-             }),
-             QString("76 Path not found"));
-    QCOMPARE(aircraft.reached, (QList<int>{0, 1}));
-    QCOMPARE(aircraft.step, QString("Set path to C:\\FS9\\Aircraft\\B"));
+    aircraft.beforeFirst = [&] { QVERIFY(QDir(aircraft.host("B")).removeRecursively()); };
+    QCOMPARE(failureOf([&] { aircraft.walk(Content::Traffic); }), QString("76 Path not found"));
+    QCOMPARE(aircraft.reached, QList<int>{0});
+    QCOMPARE(aircraft.steps.state.ErrMsg, QString("Set path to C:\\FS9\\Aircraft\\B"));
 }
 
-void TestAircraftFolders::stepNamesTheFolder()
+void TestAircraftFolders::directoryThatIsGoneCannotBeWalked()
+{
+    Aircraft aircraft;
+    QCOMPARE(failureOf([&] { aircraft.walk(Content::Traffic); }), QString("76 Path not found"));
+}
+
+void TestAircraftFolders::stepsNameTheFolderAndItsFile()
 {
     Aircraft aircraft;
     aircraft.add("A", "Baron");
-    aircraft.walk({}, Content::Traffic);
-    QCOMPARE(aircraft.step, QString("Loop through Aircraft Directories"));
-    aircraft.walk({"A"}, Content::Traffic);
-    QCOMPARE(aircraft.step, QString("Set path to C:\\FS9\\Aircraft\\A"));
+    aircraft.sandbox.makeFolder(directory + "\\B");
+    aircraft.sandbox.write(directory + "\\C\\AirCraft.CFG", "");
+    aircraft.walk(Content::Traffic);
+    QCOMPARE(aircraft.stepsBehind,
+             (QStringList{"Check aircraft.cfg", "Set path to C:\\FS9\\Aircraft\\B",
+                          "Check AirCraft.CFG"}));
 }
 
-void TestAircraftFolders::walksThatShareOneLookAreToldTheSame()
+void TestAircraftFolders::failuresToOpenAndToReadAreToldApart()
+{
+    const Aircraft aircraft;
+    for (const char *name : {"A", "B"}) {
+        aircraft.sandbox.makeFolder(directory + '\\' + name);
+    }
+    QVERIFY(QFile::link("nowhere", aircraft.host("A\\aircraft.cfg")));
+    QVERIFY(QFile::link("/proc/self/mem", aircraft.host("B\\aircraft.cfg")));
+    AircraftFolders folders;
+    Steps steps;
+    AircraftFolders::Walk walk = folders.walk(directory, Content::Traffic);
+    const AircraftFolder notOpened = *walk.next(steps.step);
+    QCOMPARE(notOpened.cfgFile, QString("C:\\FS9\\Aircraft\\A\\aircraft.cfg"));
+    QCOMPARE(notOpened.failure->description(), QString("File not found"));
+    const AircraftFolder notRead = *walk.next(steps.step);
+    QVERIFY(!notRead.failure);
+    QCOMPARE(notRead.traffic.failure->description(), QString("Device I/O error"));
+    QCOMPARE(notRead.editor.failure->description(), QString("Device I/O error"));
+    QVERIFY(!walk.next(steps.step));
+}
+
+void TestAircraftFolders::rememberedWalkSeesWhatTheFirstOneSaw()
 {
     Aircraft aircraft;
     aircraft.add("A", "Baron");
-    const AircraftFolders::SharedLook look(aircraft.folders);
-    const QStringList told = aircraft.walk({"A"}, Content::Editor);
+    aircraft.sandbox.makeFolder(directory + "\\B");
+    aircraft.folders.remember();
+    const QStringList told = aircraft.walk(Content::Editor);
     QCOMPARE(told, QStringList{"A: Baron, M - T - V - Baron"});
     aircraft.add("A", "Changed");
-    QCOMPARE(aircraft.walk({"A"}, Content::Traffic), told);
-    QCOMPARE(aircraft.reached, QList<int>{0});
-    QCOMPARE(aircraft.walk({"A"}, Content::Traffic), told);
+    aircraft.add("C", "New");
+    QCOMPARE(aircraft.walk(Content::Traffic), told);
+    QCOMPARE(aircraft.reached, (QList<int>{0, 1}));
+    QVERIFY(QDir(aircraft.sandbox.host(directory)).removeRecursively());
+    QCOMPARE(aircraft.walk(Content::Editor), told);
 }
 
-void TestAircraftFolders::walkBehindASharedLookSeesWhatIsThere()
+void TestAircraftFolders::rememberedFoldersComeWithTheirSteps()
 {
     Aircraft aircraft;
     aircraft.add("A", "Baron");
+    aircraft.sandbox.makeFolder(directory + "\\B");
+    aircraft.folders.remember();
+    aircraft.walk(Content::Editor);
+    const QStringList steps = aircraft.stepsBehind;
+    aircraft.walk(Content::Traffic);
+    QCOMPARE(aircraft.stepsBehind, steps);
+}
+
+void TestAircraftFolders::nothingIsRememberedUnlessWanted()
+{
+    Aircraft aircraft;
+    aircraft.add("A", "Baron");
+    aircraft.walk(Content::Traffic);
+    aircraft.add("A", "Changed");
+    QCOMPARE(aircraft.walk(Content::Traffic), QStringList{"A: Changed, "});
+}
+
+void TestAircraftFolders::forgettingHasTheFoldersReadAnew()
+{
+    Aircraft aircraft;
+    aircraft.add("A", "Baron");
+    aircraft.folders.remember();
+    aircraft.walk(Content::Editor);
+    aircraft.folders.forget();
+    aircraft.add("A", "Changed");
+    aircraft.add("B", "New");
+    QCOMPARE(aircraft.walk(Content::Traffic), (QStringList{"A: Changed, ", "B: New, "}));
+}
+
+void TestAircraftFolders::anotherDirectoryIsRead()
+{
+    const QString other = "C:\\FSX\\Airplanes";
+    Aircraft aircraft;
+    aircraft.add("A", "Baron");
+    aircraft.sandbox.write(other + "\\A\\aircraft.cfg", "[fltsim.0]\r\ntitle=Other\r\n");
+    aircraft.folders.remember();
+    aircraft.walk(Content::Traffic);
+    QCOMPARE(aircraft.walk(Content::Traffic, other), QStringList{"A: Other, "});
+    // From now on that one is remembered.
+    QVERIFY(QFile::remove(aircraft.sandbox.host(other + "\\A\\aircraft.cfg")));
+    QCOMPARE(aircraft.walk(Content::Traffic, other), QStringList{"A: Other, "});
+    aircraft.add("A", "Changed");
+    QCOMPARE(aircraft.walk(Content::Traffic), QStringList{"A: Changed, M - T - V - Changed"});
+}
+
+void TestAircraftFolders::directoryWithoutFoldersIsRememberedToo()
+{
+    Aircraft aircraft;
+    aircraft.sandbox.makeFolder(directory);
+    aircraft.folders.remember();
+    QCOMPARE(aircraft.walk(Content::Traffic), QStringList());
+    aircraft.add("A", "New");
+    QCOMPARE(aircraft.walk(Content::Traffic), QStringList());
+}
+
+void TestAircraftFolders::walkThatFailedIsNotRemembered()
+{
+    Aircraft aircraft;
+    aircraft.add("A", "Baron");
+    aircraft.add("B", "Gone");
+    aircraft.folders.remember();
+    aircraft.beforeFirst = [&] { QVERIFY(QDir(aircraft.host("B")).removeRecursively()); };
+    QCOMPARE(failureOf([&] { aircraft.walk(Content::Traffic); }), QString("76 Path not found"));
+    aircraft.beforeFirst = [] {};
+    aircraft.add("B", "Back");
+    QCOMPARE(aircraft.walk(Content::Traffic).size(), 2);
+}
+
+void TestAircraftFolders::walkGivenUpHalfWayIsNotRemembered()
+{
+    Aircraft aircraft;
+    aircraft.add("A", "Baron");
+    aircraft.add("B", "Second");
+    aircraft.folders.remember();
     {
-        const AircraftFolders::SharedLook look(aircraft.folders);
-        aircraft.walk({"A"}, Content::Editor);
+        AircraftFolders::Walk walk = aircraft.folders.walk(directory, Content::Traffic);
+        walk.next(aircraft.steps.step);
     }
     aircraft.add("A", "Changed");
-    QCOMPARE(aircraft.walk({"A"}, Content::Traffic), QStringList{"A: Changed, "});
-}
-
-void TestAircraftFolders::sharedLookServesItsOwnFoldersOnly()
-{
-    Aircraft aircraft;
-    aircraft.add("A", "Baron");
-    aircraft.add("B", "Second");
-    const AircraftFolders::SharedLook look(aircraft.folders);
-    aircraft.walk({"A"}, Content::Traffic);
-    QCOMPARE(aircraft.walk({"B"}, Content::Traffic), QStringList{"B: Second, M - T - V - Second"});
-}
-
-void TestAircraftFolders::walkThatFailedIsNotShared()
-{
-    Aircraft aircraft;
-    aircraft.add("A", "Baron");
-    const AircraftFolders::SharedLook look(aircraft.folders);
-    QCOMPARE(failureOf([&] {
-                 aircraft.walk({"A", "B"}, Content::Traffic);
-             }),
-             QString("76 Path not found"));
-    aircraft.add("B", "Back");
-    QCOMPARE(aircraft.walk({"A", "B"}, Content::Traffic).size(), 2);
-}
-
-void TestAircraftFolders::lookAheadIsToldToTheFirstWalk()
-{
-    Aircraft aircraft;
-    aircraft.add("A", "Baron");
-    aircraft.add("B", "Second");
-    aircraft.folders.lookAhead(directory);
-    const AircraftFolders::SharedLook look(aircraft.folders);
-    const QStringList told = {"A: Baron, M - T - V - Baron", "B: Second, M - T - V - Second"};
-    QCOMPARE(aircraft.walk({"A", "B"}, Content::Editor), told);
-    QVERIFY(QFile::remove(aircraft.sandbox.host(directory + "\\A\\aircraft.cfg")));
-    QCOMPARE(aircraft.walk({"A", "B"}, Content::Traffic), told);
-}
-
-void TestAircraftFolders::lookAheadOfAnotherDirectoryIsLeftAlone()
-{
-    Aircraft aircraft;
-    aircraft.add("A", "Baron");
-    aircraft.sandbox.write("C:\\FSX\\Airplanes\\A\\aircraft.cfg", "[fltsim.0]\r\ntitle=Other\r\n");
-    aircraft.folders.lookAhead("C:\\FSX\\Airplanes");
-    const AircraftFolders::SharedLook look(aircraft.folders);
-    QCOMPARE(aircraft.walk({"A"}, Content::Traffic), QStringList{"A: Baron, M - T - V - Baron"});
-}
-
-void TestAircraftFolders::lookAheadOfADirectoryThatIsGoneIsNoFailureOfItsOwn()
-{
-    Aircraft aircraft;
-    aircraft.folders.lookAhead(directory);
-    const AircraftFolders::SharedLook look(aircraft.folders);
-    QCOMPARE(failureOf([&] { aircraft.walk({"A"}, Content::Traffic); }),
-             QString("76 Path not found"));
-}
-
-void TestAircraftFolders::folderInstalledSinceTheLookAheadIsSeen()
-{
-    Aircraft aircraft;
-    aircraft.add("A", "Baron");
-    aircraft.folders.lookAhead(directory);
-    const AircraftFolders::SharedLook look(aircraft.folders);
-    aircraft.walk({"A"}, Content::Traffic);
-    aircraft.add("B", "New");
-    QCOMPARE(aircraft.walk({"A", "B"}, Content::Traffic).last(),
-             QString("B: New, M - T - V - New"));
-}
-
-void TestAircraftFolders::lookAheadNobodyWantsIsGivenUp()
-{
-    Aircraft aircraft;
-    for (int i = 0; i < 300; ++i) {
-        aircraft.add(QString::number(i), "Baron");
-    }
-    aircraft.folders.lookAhead(directory);
-    aircraft.folders.lookAhead(directory); // another one takes its place
-    {
-        const AircraftFolders::SharedLook look(aircraft.folders);
-    }
-    aircraft.add("0", "Changed");
-    const AircraftFolders::SharedLook look(aircraft.folders);
-    QCOMPARE(aircraft.walk({"0"}, Content::Traffic),
-             QStringList{"0: Changed, M - T - V - Changed"});
+    QCOMPARE(aircraft.walk(Content::Traffic).first(), QString("A: Changed, M - T - V - Changed"));
 }
 
 QTEST_GUILESS_MAIN(TestAircraftFolders)

@@ -11,14 +11,19 @@ namespace
 const QByteArray fourKeys = "title=Baron\r\nui_manufacturer=Beech\r\n"
                             "ui_type=58\r\nui_variation=Red\r\n";
 
+EditorContent editorContent(const QByteArray &bytes)
+{
+    return cfg_content::parse(bytes, Content::Editor).second;
+}
+
 QString nameOf(const QByteArray &bytes)
 {
-    return EditorContent::parse(bytes).displayName;
+    return editorContent(bytes).displayName;
 }
 
 QString panelOf(const QByteArray &bytes)
 {
-    return EditorContent::parse(bytes).panel;
+    return editorContent(bytes).panel;
 }
 
 } // namespace
@@ -92,9 +97,9 @@ void TestCfgContent::fileThatLacksOneOfTheFourKeysHasNoName()
 void TestCfgContent::lastValueOfEachKeyWinsOverSeveralSections()
 {
     const EditorContent content =
-        EditorContent::parse("[fltsim.0]\r\n" + fourKeys +
-                             "panel=one\r\n[fltsim.1]\r\ntitle=Second\r\n"
-                             "ui_variation=Blue\r\npanel=two\r\n[fltsim.2]\r\npanel=\r\n");
+        editorContent("[fltsim.0]\r\n" + fourKeys +
+                      "panel=one\r\n[fltsim.1]\r\ntitle=Second\r\n"
+                      "ui_variation=Blue\r\npanel=two\r\n[fltsim.2]\r\npanel=\r\n");
     QCOMPARE(content.displayName, QString("Beech - 58 - Blue - Second"));
     QCOMPARE(content.panel, QString());
 }
@@ -195,7 +200,7 @@ void TestCfgContent::aliasAnywhereMarksTheConfiguration_data()
 void TestCfgContent::aliasAnywhereMarksTheConfiguration()
 {
     QFETCH(QByteArray, bytes);
-    QTEST(EditorContent::parse(bytes).aliased, "aliased");
+    QTEST(editorContent(bytes).aliased, "aliased");
 }
 
 void TestCfgContent::hundredThousandLinesAreRead()
@@ -218,15 +223,18 @@ void TestCfgContent::bothContentsAreThoseOfTwoPasses_data()
 void TestCfgContent::bothContentsAreThoseOfTwoPasses()
 {
     QFETCH(QByteArray, bytes);
-    const TrafficContent traffic = TrafficContent::parse(bytes);
-    const EditorContent editor = EditorContent::parse(bytes);
-    const auto [bothTraffic, bothEditor] = cfg_content::parseBoth(bytes);
+    const auto [traffic, noEditor] = cfg_content::parse(bytes, Content::Traffic);
+    const auto [noTraffic, editor] = cfg_content::parse(bytes, Content::Editor);
+    const auto [bothTraffic, bothEditor] = cfg_content::parse(bytes, Content::Both);
+    QCOMPARE(noEditor.displayName, QString());
+    QVERIFY(!noEditor.aliased);
+    QCOMPARE(noTraffic.titles, QStringList());
+    QVERIFY(!noTraffic.complete && !noTraffic.failure);
     QCOMPARE(bothTraffic.empty, traffic.empty);
     QCOMPARE(bothTraffic.titles, traffic.titles);
     QCOMPARE(bothTraffic.speed, traffic.speed);
     QCOMPARE(bothTraffic.complete, traffic.complete);
     QCOMPARE(bothTraffic.failure.has_value(), traffic.failure.has_value());
-    QCOMPARE(bothEditor.empty, editor.empty);
     QCOMPARE(bothEditor.aliased, editor.aliased);
     QCOMPARE(bothEditor.panel, editor.panel);
     QCOMPARE(bothEditor.displayName, editor.displayName);
