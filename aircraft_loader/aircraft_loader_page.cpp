@@ -119,7 +119,7 @@ void AircraftLoaderPage::readTextFile(Step &step)
 
 void AircraftLoaderPage::walkFolders()
 {
-    Step step(m_state);
+    Step step(m_state.ErrMsg);
     step.set("Loop through Aircraft Directories");
     ui->Dir1->refresh(); // aircraft installed since the folder was opened count too
     m_available.clear();
@@ -226,7 +226,7 @@ void AircraftLoaderPage::checkAll(bool on)
 
 void AircraftLoaderPage::cmdAddAI_Click()
 {
-    const Step handler(m_state);
+    const Step handler(m_state.ErrMsg);
     m_services.errors.run("Backup Error",
                           [this](Step &step) { DoBackup(m_state.AircraftTextDir, step); });
     try {
@@ -250,7 +250,7 @@ void AircraftLoaderPage::cmdAddAI_Click()
 
 void AircraftLoaderPage::addChecked()
 {
-    Step step(m_state);
+    Step step(m_state.ErrMsg);
     Repaint repaint;
     AddedLines added(m_existing);
     for (int i = 0; i < ui->Tab0List2->count(); ++i) {

@@ -85,7 +85,7 @@ void TextFileChoice::cmdBrowseText_Click()
 
 void TextFileChoice::cmdEdit_Click()
 {
-    Step step(m_services.state);
+    Step step(m_services.state.ErrMsg);
     step.set("Command Edit Shelling Notepad");
     m_services.shell.Shellandwait("NOTEPAD.EXE " + m_services.state.AircraftTextDir, 0, 1);
     if (m_services.state.ended) {
@@ -104,7 +104,7 @@ void TextFileChoice::cmdEdit_Click()
 
 void TextFileChoice::cmdTtools_Click()
 {
-    Step step(m_services.state);
+    Step step(m_services.state.ErrMsg);
     step.set("Running " + m_services.shell.tTools());
     m_services.shell.Shellandwait(m_services.shell.tTools(), 0, 1);
 }

@@ -239,7 +239,7 @@ void frmMorlenEditor::restoreDirectory(const QString &directory)
     if (!fs_location::namesAircraftFolder(directory)) {
         return;
     }
-    Step step(m_services.state);
+    Step step(m_services.state.ErrMsg);
     step.set("Setting FS path to: " + directory);
     m_configEditor->showDirectory(directory);
     if (fs_location::endsInAircraftFolder(m_configEditor->directory())) {

@@ -143,7 +143,7 @@ bool ConfigEditorPage::takeFolder()
 
 void ConfigEditorPage::listAircraft()
 {
-    Step step(m_state);
+    Step step(m_state.ErrMsg);
     step.set("Set path to " + directory());
     ui->Tab3File1->setPath(directory());
     showCatalogue({});
@@ -184,7 +184,7 @@ void ConfigEditorPage::Tab3LoadList()
 
 void ConfigEditorPage::readCatalogue(AircraftCatalogue &catalogue)
 {
-    Step step(m_state);
+    Step step(m_state.ErrMsg);
     step.set("Loop through Aircraft Directories");
     const QString directory = ui->Tab3Dir1->path();
     const AircraftRoot root = aircraft_catalogue::rootOf(directory);
@@ -308,7 +308,7 @@ void ConfigEditorPage::showNotice(const QString &prompt)
 void ConfigEditorPage::startNotepad(const QString &command)
 {
     constexpr int normalWindow = 1;
-    Step step(m_state);
+    Step step(m_state.ErrMsg);
     step.set(command);
     m_services.processes.start(command, normalWindow);
 }
