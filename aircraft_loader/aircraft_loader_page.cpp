@@ -7,6 +7,7 @@
 #include "app/services/fs_location.h"
 #include "app/services/look.h"
 #include "app/services/path_display.h"
+#include "app/services/services.h"
 #include "platform/basic.h"
 #include "platform/blind_to_case.h"
 #include "platform/code_page.h"

@@ -3,7 +3,6 @@
 #pragma once
 
 #include "aircraft_loader/available_aircraft.h"
-#include "app/services/services.h"
 #include "platform/controls/repaint.h"
 
 #include <QWidget>
@@ -15,8 +14,9 @@ namespace Ui
 class AircraftLoaderPage;
 }
 
-class LinkLabel;
 class ListBox;
+struct FormState;
+struct Services;
 
 class AircraftLoaderPage : public QWidget
 {

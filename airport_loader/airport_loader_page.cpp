@@ -3,6 +3,7 @@
 
 #include "app/services/look.h"
 #include "app/services/path_display.h"
+#include "app/services/services.h"
 #include "platform/basic.h"
 #include "platform/code_page.h"
 #include "platform/controls/control_state.h"

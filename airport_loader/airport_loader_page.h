@@ -4,13 +4,15 @@
 
 #include "airport_loader/airport_text_file.h"
 #include "airport_loader/master_airport_list.h"
-#include "app/services/services.h"
 
 #include <QWidget>
 
 #include <memory>
 
 class ListBox;
+class Step;
+struct FormState;
+struct Services;
 
 namespace Ui
 {

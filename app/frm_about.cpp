@@ -2,7 +2,11 @@
 #include "app/frm_about.h"
 
 #include "app/version.h"
+#include "platform/dialogs.h"
 #include "platform/files.h"
+#include "platform/process.h"
+#include "platform/registry.h"
+#include "platform/runtime_error.h"
 
 #include "ui_frm_about.h"
 
@@ -49,13 +53,13 @@ bool started(ProcessStarter &processes, const QString &program)
 
 } // namespace
 
-frmAbout::frmAbout(Services &services, QWidget *parent)
-    : QDialog(parent), m_services(services), ui(std::make_unique<Ui::frmAbout>())
+frmAbout::frmAbout(const Outside &outside, const QString &osVersion, QWidget *parent)
+    : QDialog(parent), m_outside(outside), ui(std::make_unique<Ui::frmAbout>())
 {
     ui->setupUi(this);
     setWindowTitle("About " + ui->lblTitle->text());
     ui->lblVersion->setText("Version " + programVersion());
-    ui->lblOsVersion->setText("Operating system: " + m_services.state.osVersion);
+    ui->lblOsVersion->setText("Operating system: " + osVersion);
     connect(ui->cmdOK, &QPushButton::clicked, this, &QDialog::accept);
     connect(ui->cmdSysInfo, &QPushButton::clicked, this, &frmAbout::cmdSysInfo_Click);
 }
@@ -64,9 +68,9 @@ frmAbout::~frmAbout() = default;
 
 void frmAbout::cmdSysInfo_Click()
 {
-    const QString tool = systemInformationTool(m_services.registry);
-    if (tool.isEmpty() || !started(m_services.processes, tool)) {
-        m_services.dialogs.show({.prompt = "System Information Is Unavailable At This Time",
-                                 .title = ui->lblTitle->text()});
+    const QString tool = systemInformationTool(m_outside.registry);
+    if (tool.isEmpty() || !started(m_outside.processes, tool)) {
+        m_outside.dialogs.show({.prompt = "System Information Is Unavailable At This Time",
+                                .title = ui->lblTitle->text()});
     }
 }

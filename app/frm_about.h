@@ -2,7 +2,7 @@
 // The About box.
 #pragma once
 
-#include "app/services/services.h"
+#include "app/services/outside.h"
 
 #include <QDialog>
 
@@ -18,12 +18,12 @@ class frmAbout : public QDialog
     Q_OBJECT
 
 public:
-    explicit frmAbout(Services &services, QWidget *parent = nullptr);
+    frmAbout(const Outside &outside, const QString &osVersion, QWidget *parent = nullptr);
     ~frmAbout() override;
 
 private:
     void cmdSysInfo_Click();
 
-    Services &m_services;
+    Outside m_outside;
     std::unique_ptr<Ui::frmAbout> ui;
 };

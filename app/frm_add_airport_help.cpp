@@ -3,8 +3,10 @@
 
 #include "ui_frm_add_airport_help.h"
 
-frmAddAirportHelp::frmAddAirportHelp(FormState &state, QWidget *parent)
-    : QDialog(parent), m_state(state), ui(std::make_unique<Ui::frmAddAirportHelp>())
+frmAddAirportHelp::frmAddAirportHelp(bool &ShowAddAirportHelp, QWidget *parent)
+    : QDialog(parent),
+      m_isStillDue(ShowAddAirportHelp),
+      ui(std::make_unique<Ui::frmAddAirportHelp>())
 {
     ui->setupUi(this);
     connect(ui->Check1, &QCheckBox::clicked, this, &frmAddAirportHelp::Check1_Click);
@@ -19,31 +21,24 @@ void frmAddAirportHelp::Form_Load()
 {
     // A label shows a carriage return as a blank, so the sentences around these flow on.
     ui->Label1->setText(
-        "Airports are added using a Drag and Drop method.  Click on the airport name you "
-        "wish to add and drag it to the Add Airports List and drop it in.  You can also "
-        "remove an Airport by Dragging from the Add Airports List and dropping it back in "
-        "\r"
-        "the Available Airports List.");
+        "Airports are added using a Drag and Drop method.  Click on the airport name you wish to "
+        "add and drag it to the Add Airports List and drop it in.  You can also remove an "
+        "Airport by Dragging from the Add Airports List and dropping it back in \rthe Available "
+        "Airports List.");
     ui->Label2->setText(
         "When the program first loads a list of Countries will be displayed.  Double click on a "
-        "Country name "
-        "and a list of Airports in that Country will be displayed.  In the case of Australia, "
-        "Canada and the "
-        "United States a list of Provinces/States will be displayed.   Double click on a Province "
-        "or State "
-        "to view a list of the Airports in that Province or State.  Airports can be added "
-        "Country, Province/State "
-        "or City.  Dragging a Country name will add all the Airports in that Country to your new "
-        "Airport text file. "
-        "The same applies to a Province or State.  When a list of Cities is displayed you can add "
-        "only those "
-        "\r"
-        "Airports that will be required for your new FlightPlans.");
+        "Country name and a list of Airports in that Country will be displayed.  In the case of "
+        "Australia, Canada and the United States a list of Provinces/States will be displayed.   "
+        "Double click on a Province or State to view a list of the Airports in that Province or "
+        "State.  Airports can be added Country, Province/State or City.  Dragging a Country name "
+        "will add all the Airports in that Country to your new Airport text file. The same "
+        "applies to a Province or State.  When a list of Cities is displayed you can add only "
+        "those \rAirports that will be required for your new FlightPlans.");
 }
 
 void frmAddAirportHelp::Check1_Click()
 {
-    m_state.ShowAddAirportHelp = false; // whether ticked or unticked
+    m_isStillDue = false; // whether ticked or unticked
 }
 
 void frmAddAirportHelp::Command1_Click()

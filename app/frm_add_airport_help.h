@@ -2,8 +2,6 @@
 // The reminder of how airports are added.
 #pragma once
 
-#include "app/services/form_state.h"
-
 #include <QDialog>
 
 #include <memory>
@@ -20,7 +18,7 @@ class frmAddAirportHelp : public QDialog
     Q_OBJECT
 
 public:
-    explicit frmAddAirportHelp(FormState &state, QWidget *parent = nullptr);
+    explicit frmAddAirportHelp(bool &ShowAddAirportHelp, QWidget *parent = nullptr);
     ~frmAddAirportHelp() override;
 
 private:
@@ -28,6 +26,6 @@ private:
     void Check1_Click();
     void Command1_Click();
 
-    FormState &m_state;
+    bool &m_isStillDue;
     std::unique_ptr<Ui::frmAddAirportHelp> ui;
 };

@@ -2,10 +2,9 @@
 // The main window: start-up, quitting, and everything that connects the pages.
 #pragma once
 
-#include "app/services/services.h"
-#include "app/services/settings_file.h"
+#include "app/services/suite_registry.h"
+#include "app/session.h"
 
-#include <QList>
 #include <QMainWindow>
 
 #include <memory>
@@ -20,7 +19,8 @@ class AirportLoaderPage;
 class ConfigEditorPage;
 class FpSetPage;
 class frmSplash;
-class LinkLabel;
+struct Outside;
+struct Services;
 
 class frmMorlenEditor : public QMainWindow
 {
@@ -33,66 +33,79 @@ public:
     /// The start-up sequence. Ends with the window shown, even when a step failed.
     void Form_Load();
 
-    FormState &state() { return m_services.state; }
+    FormState &state();
 
 protected:
     void closeEvent(QCloseEvent *event) override;
-    void mouseMoveEvent(QMouseEvent *event) override;
 
 private:
     // Handlers. The names are the product's.
     void Form_Unload();
-    void Form_MouseMove();
-    void SSTab1_Click(int page);
-    void cmdQuit_Click();
-    void quitFromPage1();
-    void tab2cmdQuit_Click();
+
+    /// Nobody calls it: Form_Unload has asked by then.
+    void Form_Terminate() { Form_Unload(); }
+
+    void SSTab1_Click(int PreviousTab);
+
+    void cmdQuit_Click() { quitFrom(0); }
+
     void mnuQuit_Click();
     void mnuTrace_Click();
     void lblAbout_Click();
-    void lblHelp_Click();
-    void Tab0Help_Click();
-    void tab1Help_Click();
-    void Tab2lblHelp_Click();
-    void tab3VarloHelp_Click();
-    void mnuDonations_Click();
+
+    void mnuAbout_Click() { lblAbout_Click(); }
+
+    void lblHelp_Click() { openHelp("Docs\\MorlenEHelp.htm"); }
+
+    void mnuHelpFile_Click() { lblHelp_Click(); }
+
+    void Tab0Help_Click() { openHelp("Docs\\AIAircraftLoader.htm"); }
+
+    void tab1Help_Click() { openHelp("Docs\\AIAirportLoader.htm"); }
+
+    void Tab2lblHelp_Click() { openHelp("Docs\\MorlenEdit.htm"); }
+
+    void tab3VarloHelp_Click() { openHelp("Docs\\VarloHelp.htm"); }
+
+    void mnuDonations_Click() { openHelp("Donate.htm"); }
 
     void CheckRegistry();
     void launch(const QString &path, const QString &program, const QString &caption);
-    void launchVarlo();
     void lblPellara_Click();
     void FindFSPath();
     void SaveSettings();
 
     void lookAhead();
     void makePages();
+    void connectControls();
     void connectPages();
-    void connectHover();
 
     void showReminder();
     void followOnPage3(const QString &directory);
 
     // The steps of the start-up.
-    void startUp();
+    void startUp(frmSplash &splash, Step &step);
     void findProgramFolder();
-    QByteArray readSettingsFile();
-    void restore(const Settings &settings);
+    void restore(const Settings &settings, Step &step);
     void restoreDirectory(const QString &directory);
-    void logSettings(const Settings &settings);
     void selectPage(const QString &lastTab);
 
-    QString settingsPath() const;
+    QString settingsPath() const { return m_session.path(); }
+
     void openHelp(const QString &relativePath);
-    void heat(LinkLabel *label);
+    void quitFrom(int page);
     void end();
 
-    Services m_services;
+    static constexpr int fpSetPageNumber = 2;
+
+    std::unique_ptr<Services> m_ownServices;
+    Services &m_services;
+    Session m_session;
+    suite_registry::Companions m_companions;
     std::unique_ptr<Ui::frmMorlenEditor> ui;
     AircraftLoaderPage *m_aircraftLoader = nullptr;
     AirportLoaderPage *m_airportLoader = nullptr;
     FpSetPage *m_fpSet = nullptr;
     ConfigEditorPage *m_configEditor = nullptr;
-    std::unique_ptr<frmSplash> m_splash; ///< while the program loads
-    QList<LinkLabel *> m_hotLabels;      ///< shown bold under the mouse
-    QList<const QWidget *> m_bareAreas;  ///< where the mouse takes the bold away
+    int m_page = 0; ///< the page shown
 };

@@ -38,41 +38,26 @@ void frmSplash::showPainted()
 
 void frmSplash::setProgressRange(int minimum, int maximum)
 {
-    m_progress = minimum;
     ui->ProgressBar1->setRange(minimum, maximum);
     ui->ProgressBar1->setValue(minimum);
 }
 
 void frmSplash::setProgress(int value)
 {
-    const int before = m_progress;
-    const int full = ui->ProgressBar1->maximum();
-    m_progress = qBound(ui->ProgressBar1->minimum(), value, full);
-    if (m_progress == full && m_progress != before) {
-        showProgress();
-    }
-    paintIfDue();
-}
-
-void frmSplash::setStatus(const QString &text)
-{
-    if (text != ui->lblStatus->text()) {
-        ui->lblStatus->setText(text);
-    }
-    paintIfDue();
-}
-
-void frmSplash::paintIfDue()
-{
-    if (m_repaint.isDue()) {
-        showProgress();
+    QProgressBar &bar = *ui->ProgressBar1;
+    const bool becomesFull = value >= bar.maximum() && bar.value() != bar.maximum();
+    if (m_repaint.isDue() || becomesFull) {
+        bar.setValue(qBound(bar.minimum(), value, bar.maximum()));
         paint();
     }
 }
 
-void frmSplash::showProgress()
+void frmSplash::setStatus(const QString &text)
 {
-    ui->ProgressBar1->setValue(m_progress);
+    ui->lblStatus->setText(text);
+    if (m_repaint.isDue()) {
+        paint();
+    }
 }
 
 void frmSplash::paint()
@@ -84,11 +69,6 @@ void frmSplash::paint()
     }
 }
 
-void frmSplash::keyPressEvent(QKeyEvent * /*event*/)
-{
-    Form_KeyPress();
-}
-
 bool frmSplash::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::MouseButtonRelease) {
@@ -96,14 +76,4 @@ bool frmSplash::eventFilter(QObject *watched, QEvent *event)
         return true;
     }
     return QWidget::eventFilter(watched, event);
-}
-
-void frmSplash::Form_KeyPress()
-{
-    close();
-}
-
-void frmSplash::Frame1_Click()
-{
-    close();
 }

@@ -34,18 +34,17 @@ public:
     void setStatus(const QString &text);
 
 protected:
-    void keyPressEvent(QKeyEvent *event) override;
+    void keyPressEvent(QKeyEvent * /*event*/) override { Form_KeyPress(); }
+
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    void Form_KeyPress();
-    void Frame1_Click();
+    void Form_KeyPress() { close(); }
 
-    void showProgress();
-    void paintIfDue();
+    void Frame1_Click() { close(); }
+
     void paint();
 
     std::unique_ptr<Ui::frmSplash> ui;
     Repaint m_repaint;
-    int m_progress = 0; ///< as last reported, not beyond the maximum
 };

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "app/frm_morlen_editor.h"
 #include "app/services/notepad_substitutes.h"
+#include "app/services/outside.h"
 #include "app/version.h"
+#include "platform/clock.h"
 #include "platform/controls/system_dialogs.h"
 #include "platform/host.h"
+#include "platform/registry.h"
 
 #include <QApplication>
 

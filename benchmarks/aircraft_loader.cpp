@@ -3,6 +3,7 @@
 #include "aircraft_loader/aircraft_loader_page.h"
 #include "aircraft_loader/aircraft_text_file.h"
 #include "aircraft_loader/title_match.h"
+#include "app/services/services.h"
 #include "benchmarks/tree_benchmark.h"
 #include "platform/controls/list_box.h"
 #include "tests/support/fakes.h"

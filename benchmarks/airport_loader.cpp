@@ -2,6 +2,7 @@
 // Page 1's main operations on the shipped list and on one ten times as long, beside two bare reads
 // of the same file: whole, in one call, and line by line.
 #include "airport_loader/airport_loader_page.h"
+#include "app/services/services.h"
 
 #include "platform/controls/drag_list_box.h"
 #include "tests/support/fakes.h"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Page 3's main operations beside a bare read, or write, of the same bytes.
+#include "app/services/services.h"
 #include "benchmarks/tree_benchmark.h"
 #include "config_editor/config_editor_page.h"
 #include "platform/controls/list_box.h"

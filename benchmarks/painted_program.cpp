@@ -2,8 +2,11 @@
 // The program as main() starts it, ended once the filled list has been painted.
 #include "app/frm_morlen_editor.h"
 #include "app/services/notepad_substitutes.h"
+#include "app/services/outside.h"
 #include "benchmarks/paint_and_quit.h"
+#include "platform/clock.h"
 #include "platform/controls/system_dialogs.h"
+#include "platform/registry.h"
 
 #include <QAbstractScrollArea>
 #include <QApplication>

@@ -2,6 +2,7 @@
 #include "config_editor/config_editor_page.h"
 
 #include "app/services/fs_location.h"
+#include "app/services/services.h"
 #include "config_editor/listing_dump.h"
 #include "config_editor/panel_cfg.h"
 #include "platform/blind_to_case.h"

@@ -3,8 +3,8 @@
 // for Notepad, and the listing of all of them.
 #pragma once
 
-#include "app/services/services.h"
 #include "config_editor/aircraft_catalogue.h"
+#include "platform/dialogs.h"
 
 #include <QWidget>
 
@@ -15,6 +15,9 @@ namespace Ui
 {
 class ConfigEditorPage;
 }
+
+struct FormState;
+struct Services;
 
 class ConfigEditorPage : public QWidget
 {

@@ -3,6 +3,7 @@
 
 #include "app/services/look.h"
 #include "app/services/path_display.h"
+#include "app/services/services.h"
 #include "fpset/fpset_files.h"
 #include "platform/blind_to_case.h"
 #include "platform/controls/control_state.h"

@@ -2,7 +2,6 @@
 // Page 2, the flight plan set creator: three text files that belong together, step by step.
 #pragma once
 
-#include "app/services/services.h"
 #include "fpset/fpset_name.h"
 
 #include <QWidget>
@@ -13,6 +12,10 @@ namespace Ui
 {
 class FpSetPage;
 }
+
+class Step;
+struct FormState;
+struct Services;
 
 class FpSetPage : public QWidget
 {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "app/services/error_report.h"
 
-#include "app/services/form_state.h"
 #include "app/services/trace_log.h"
 #include "platform/basic.h"
 #include "platform/dialogs.h"
@@ -13,9 +12,9 @@ QString ErrorReport::describe(const RuntimeError &error)
 
 bool ErrorReport::runSteps(const QString &title, const std::function<void(Step &)> &body)
 {
-    const Step handler(m_state);
+    const Step handler(m_errMsg);
     try {
-        Step step(m_state);
+        Step step(m_errMsg);
         body(step);
         return true;
     } catch (const RuntimeError &error) {
@@ -26,7 +25,7 @@ bool ErrorReport::runSteps(const QString &title, const std::function<void(Step &
 
 void ErrorReport::show(const QString &title, const RuntimeError &error)
 {
-    const QString prompt = describe(error) + '\r' + m_state.ErrMsg;
+    const QString prompt = describe(error) + '\r' + m_errMsg;
     log(error);
     m_dialogs.show({.prompt = prompt, .title = title, .icon = MessageBox::Icon::Exclamation});
 }
@@ -34,5 +33,5 @@ void ErrorReport::show(const QString &title, const RuntimeError &error)
 void ErrorReport::log(const RuntimeError &error)
 {
     // A step's own line break would make two entries of one.
-    m_log.write(describe(error) + " - " + QString(m_state.ErrMsg).replace('\r', ' '));
+    m_log.write(describe(error) + " - " + QString(m_errMsg).replace('\r', ' '));
 }

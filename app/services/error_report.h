@@ -14,8 +14,8 @@ class TraceLog;
 class ErrorReport
 {
 public:
-    ErrorReport(FormState &state, TraceLog &log, Dialogs &dialogs)
-        : m_state(state), m_log(log), m_dialogs(dialogs)
+    ErrorReport(QString &ErrMsg, TraceLog &log, Dialogs &dialogs)
+        : m_errMsg(ErrMsg), m_log(log), m_dialogs(dialogs)
     {
     }
 
@@ -46,7 +46,7 @@ public:
 private:
     bool runSteps(const QString &title, const std::function<void(Step &)> &body);
 
-    FormState &m_state;
+    QString &m_errMsg;
     TraceLog &m_log;
     Dialogs &m_dialogs;
 };

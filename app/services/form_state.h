@@ -18,9 +18,6 @@ struct FormState {
     QString strTToolsDir;            ///< its folder, ending in a backslash
     QString DefaultName;             ///< default name of a new flight plan set
     QString MorlenEDir;              ///< the program's own folder, ending in a backslash
-    QString PellaraPath;             ///< registered path of the flight plan creator Pellara
-    QString PellaraCaption;          ///< its main window's caption
-    QString VarloPath;               ///< registered path of the configuration editor Varlo
     QString FSType = "2004";         ///< simulator version chosen, "2002" or "2004"
     QString AircraftTextDir;         ///< full path of the aircraft text file in use
     QString AirportTextFile;         ///< full path of the airport text file page 1 was given

@@ -11,16 +11,8 @@
 LinkLabel::LinkLabel(QWidget *parent) : QLabel(parent)
 {
     setTextFormat(Qt::PlainText);
-    setMouseTracking(true);
     setFocusPolicy(Qt::TabFocus);
     setForegroundRole(QPalette::Link);
-}
-
-void LinkLabel::setBold(bool bold)
-{
-    QFont changed = font();
-    changed.setBold(bold);
-    setFont(changed);
 }
 
 QSize LinkLabel::sizeHint() const
@@ -28,12 +20,6 @@ QSize LinkLabel::sizeHint() const
     QFont bold = font();
     bold.setBold(true);
     return QFontMetrics(bold).size(Qt::TextSingleLine, text()) + QSize(8, 6);
-}
-
-void LinkLabel::mouseMoveEvent(QMouseEvent *event)
-{
-    event->accept(); // the form below must not see it: it would take the bold away again
-    Q_EMIT mouseMoved();
 }
 
 void LinkLabel::mouseReleaseEvent(QMouseEvent *event)

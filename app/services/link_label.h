@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A label that can be clicked, and turns bold under the mouse.
+// A label that can be clicked, with room to turn bold.
 #pragma once
 
 #include <QLabel>
@@ -11,20 +11,14 @@ class LinkLabel : public QLabel
 public:
     explicit LinkLabel(QWidget *parent = nullptr);
 
-    bool isBold() const { return font().bold(); }
-
-    void setBold(bool bold);
-
     QSize sizeHint() const override; ///< room for the bold text, so that nothing moves
 
     QSize minimumSizeHint() const override { return sizeHint(); }
 
 Q_SIGNALS:
     void clicked();
-    void mouseMoved();
 
 protected:
-    void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void paintEvent(QPaintEvent *event) override;

@@ -3,15 +3,15 @@
 
 #include <QGroupBox>
 
-namespace
-{
-
 void setBold(QWidget *control, bool bold)
 {
     QFont font = control->font();
     font.setBold(bold);
     control->setFont(font);
 }
+
+namespace
+{
 
 /// Gives the controls in a frame their own look for good: what is set for the frame is for its
 /// caption alone.

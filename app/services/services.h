@@ -5,6 +5,7 @@
 #include "app/services/aircraft_folders.h"
 #include "app/services/error_report.h"
 #include "app/services/form_state.h"
+#include "app/services/outside.h"
 #include "app/services/shell.h"
 #include "app/services/trace_log.h"
 #include "platform/clock.h"
@@ -12,34 +13,13 @@
 #include "platform/process.h"
 #include "platform/registry.h"
 
-/// The doors to the outside world, which a test replaces.
-struct Outside {
-    Registry &registry;
-    ProcessStarter &processes;
-    Dialogs &dialogs;
-    const Clock &clock;
-};
-
 /// One of each, made by the main window and handed to its pages.
-struct Services {
-    explicit Services(const Outside &outside)
-        : registry(outside.registry),
-          processes(outside.processes),
-          dialogs(outside.dialogs),
-          clock(outside.clock),
-          log(state, clock, dialogs),
-          errors(state, log, dialogs),
-          shell(state, errors, dialogs, outside.processes, clock)
-    {
-    }
+struct Services : Outside {
+    explicit Services(const Outside &outside) : Outside(outside) {}
 
     FormState state;
-    Registry &registry;
-    ProcessStarter &processes;
-    Dialogs &dialogs;
-    const Clock &clock;
-    TraceLog log;
-    ErrorReport errors;
-    Shell shell;
+    TraceLog log{state, clock, dialogs};
+    ErrorReport errors{state.ErrMsg, log, dialogs};
+    Shell shell{state, errors, dialogs, processes, clock};
     AircraftFolders aircraftFolders;
 };

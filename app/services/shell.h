@@ -29,13 +29,13 @@ public:
     bool Shellandwait(const QString &ExeFullPath, int TimeOutValue, int WindowStyle);
 
     /// "True" when the folder tree holds a file of this name, its path then in searchBuffer();
-    /// else "False". Depth first; folders that cannot be read are passed over.
+    /// else "False". Depth first; folders that cannot be read are passed over. Nobody calls it.
     QString FileExistsInDirTree(const QString &DirName, const QString &FileName);
 
     /// 260 characters: the path found, a NUL and blanks; all blanks when nothing was found.
     const QString &searchBuffer() const { return m_searchBuffer; }
 
-    /// Returns after so many seconds. The window does not repaint meanwhile.
+    /// Returns after so many seconds. The window does not repaint meanwhile. Nobody calls it.
     void Wait(int Pause) const;
 
     /// Derives the path of "TTools.exe" beside a file, keeps it (see tTools), and returns whether

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "app/services/suite_registry.h"
 
-#include "app/services/form_state.h"
 #include "app/services/step.h"
 #include "platform/blind_to_case.h"
 #include "platform/paths.h"
@@ -31,13 +30,13 @@ void writeUserText(Registry &registry, const QString &key, const QString &name, 
 
 } // namespace
 
-void CheckRegistry(Registry &registry, FormState &state, const QString &caption, Step &step)
+Companions CheckRegistry(Registry &registry, const QString &folder, const QString &caption,
+                         Step &step)
 {
     step.set("Check for MorlenE exe_Path");
-    state.RegValue = userText(registry, suite + "Path", "Exe_Path");
-    if (state.RegValue.isEmpty()) {
+    if (userText(registry, suite + "Path", "Exe_Path").isEmpty()) {
         step.set("Create MorlenE Keys");
-        writeUserText(registry, suite + "Path", "Exe_Path", state.MorlenEDir + "MorlenEditor.exe");
+        writeUserText(registry, suite + "Path", "Exe_Path", folder + "MorlenEditor.exe");
         writeUserText(registry, suite + "Caption", "Caption", caption);
     } else {
         step.set("Check for MorlenE Caption");
@@ -46,10 +45,12 @@ void CheckRegistry(Registry &registry, FormState &state, const QString &caption,
         }
     }
     step.set("Check for Pellara Exe_Path");
-    state.PellaraPath = userText(registry, pellara + "Path", "Exe_Path");
-    state.VarloPath = userText(registry, varlo + "Path", "Exe_Path");
+    Companions companions;
+    companions.PellaraPath = userText(registry, pellara + "Path", "Exe_Path");
+    companions.VarloPath = userText(registry, varlo + "Path", "Exe_Path");
     step.set("Check for Pellara Caption");
-    state.PellaraCaption = userText(registry, pellara + "Caption", "Caption");
+    companions.PellaraCaption = userText(registry, pellara + "Caption", "Caption");
+    return companions;
 }
 
 QString folderOf(const QString &registeredPath, const QString &program)

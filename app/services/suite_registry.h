@@ -2,19 +2,27 @@
 // The entries by which the programs of the suite find each other, and starting a companion.
 #pragma once
 
+#include <QString>
+
 class ProcessStarter;
-class QString;
 class Registry;
 class Step;
-struct FormState;
 
 namespace suite_registry
 {
 
-/// Records where this program lives, unless that is recorded already, and what its window is
-/// called; looks the companion programs up. Throws RuntimeError when the registry cannot be
+/// The companion programs; empty without an entry.
+struct Companions {
+    QString PellaraPath;    ///< registered path of the flight plan creator Pellara
+    QString PellaraCaption; ///< its main window's caption
+    QString VarloPath;      ///< registered path of the configuration editor Varlo
+};
+
+/// Records that this program lives in a folder, unless a place is recorded already, and what its
+/// window is called; looks the companions up. Throws RuntimeError when the registry cannot be
 /// written.
-void CheckRegistry(Registry &registry, FormState &state, const QString &caption, Step &step);
+Companions CheckRegistry(Registry &registry, const QString &folder, const QString &caption,
+                         Step &step);
 
 /// The folder in a registered path: up to the program's name, found by its lower-case form
 /// ("\\pellara.exe"); a path without it is the folder itself.

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Adding the ticked aircraft to the aircraft text file.
+#include "app/services/services.h"
 #include "tests/support/aircraft_loader_driver.h"
 #include "tests/support/file_size_limit.h"
 

@@ -291,7 +291,7 @@ void TestAircraftLoaderPage::pointerIsTheHourglassWhileTheListsAreFilled()
 void TestAircraftLoaderPage::loadingIsTraced()
 {
     UsualPage user;
-    user.services.state.TraceOn = true;
+    user.trace();
     user.window->LoadList();
     QCOMPARE(user.sandbox.read("C:\\Morlen\\TraceLog.txt"),
              QByteArray("14:03:27 - ***LoadList Function Started" + QByteArray(41, '*') +

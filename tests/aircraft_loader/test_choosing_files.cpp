@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Choosing the aircraft directory and the aircraft text file, and editing the file.
+#include "app/services/services.h"
 #include "platform/controls/drive_list_box.h"
 #include "platform/controls/file_list_box.h"
 #include "tests/support/aircraft_loader_driver.h"

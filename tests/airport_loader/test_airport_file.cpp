@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The airport text file on page 1: choosing it, appending to it, editing it.
+#include "app/services/services.h"
 #include "tests/support/airport_loader_driver.h"
 #include "tests/support/file_size_limit.h"
 

@@ -599,9 +599,9 @@ void TestAirportLoaderPage::stepsAreNamed()
     user.open();
     QStringList steps;
     connect(user.window.get(), &AirportLoaderPage::countriesLoading, this,
-            [&] { steps += user.services.state.ErrMsg; });
+            [&] { steps += user.step(); });
     connect(user.window.get(), &AirportLoaderPage::countryLineRead, this,
-            [&] { steps += user.services.state.ErrMsg; });
+            [&] { steps += user.step(); });
     user.window->LoadCountry();
     steps.removeDuplicates();
     QCOMPARE(steps, (QStringList{"Setting Progress Bar", "Loop through OCX"}));

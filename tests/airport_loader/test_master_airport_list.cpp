@@ -168,7 +168,7 @@ void TestMasterAirportList::listIsReadFromTheSystemDirectory()
     sandbox.write(listPath, bytes);
     Steps steps;
     QCOMPARE(master_airport_list::OpenOCX(steps.step), bytes);
-    QCOMPARE(steps.state.ErrMsg, "Loading " + listPath);
+    QCOMPARE(steps.ErrMsg, "Loading " + listPath);
 }
 
 void TestMasterAirportList::listIsReadAnewEachTime()

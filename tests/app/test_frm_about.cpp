@@ -21,12 +21,7 @@ const QString locationKey = QStringLiteral("SOFTWARE\\Microsoft\\Shared Tools Lo
 class AboutBox
 {
 public:
-    AboutBox()
-    {
-        services.state.osVersion = "Windows XP 5.1 Service Pack 2";
-        box = std::make_unique<frmAbout>(services);
-        box->show();
-    }
+    AboutBox() { box->show(); }
 
     void registerPath(const RegistryData &data)
     {
@@ -57,8 +52,8 @@ public:
 
     Sandbox sandbox;
     FakeOutside outside;
-    Services services{outside.outside()};
-    std::unique_ptr<frmAbout> box;
+    std::unique_ptr<frmAbout> box =
+        std::make_unique<frmAbout>(outside.outside(), "Windows XP 5.1 Service Pack 2");
 };
 
 class TestFrmAbout : public QObject
@@ -108,8 +103,8 @@ void TestFrmAbout::showsProductVersionContactAndSystem()
 void TestFrmAbout::labelsAreWideEnoughForTheirTexts()
 {
     AboutBox about;
-    about.services.state.osVersion = QString("Terminal Services is installed , ").repeated(12);
-    frmAbout box(about.services);
+    frmAbout box(about.outside.outside(),
+                 QString("Terminal Services is installed , ").repeated(12));
     box.show();
     for (const QLabel *label : box.findChildren<QLabel *>()) {
         const int height = label->hasHeightForWidth() ? label->heightForWidth(label->width())

@@ -29,8 +29,8 @@ private Q_SLOTS:
 
 void TestFrmAddAirportHelp::textIsTwoParagraphs()
 {
-    FormState state;
-    const frmAddAirportHelp help(state);
+    bool isDue = true;
+    const frmAddAirportHelp help(isDue);
     QCOMPARE(findControl<QLabel>(help, "Label1")->text(),
              QString("Airports are added using a Drag and Drop method.  Click on the airport name "
                      "you wish to add and drag it to the Add Airports List and drop it in.  You "
@@ -50,8 +50,8 @@ void TestFrmAddAirportHelp::textIsTwoParagraphs()
 
 void TestFrmAddAirportHelp::questionAndCaptionsAreShown()
 {
-    FormState state;
-    const frmAddAirportHelp help(state);
+    bool isDue = true;
+    const frmAddAirportHelp help(isDue);
     QCOMPARE(help.objectName(), QString("frmAddAirportHelp"));
     QCOMPARE(findControl<QLabel>(help, "Label3")->text(), QString("Show this reminder again?"));
     QCOMPARE(findControl<QCheckBox>(help, "Check1")->text(),
@@ -73,8 +73,8 @@ void TestFrmAddAirportHelp::wholeTextIsVisible_data()
 void TestFrmAddAirportHelp::wholeTextIsVisible()
 {
     QFETCH(int, points);
-    FormState state;
-    frmAddAirportHelp help(state);
+    bool isDue = true;
+    frmAddAirportHelp help(isDue);
     QFont font = help.font();
     font.setPointSize(points);
     help.setFont(font);
@@ -92,48 +92,48 @@ void TestFrmAddAirportHelp::wholeTextIsVisible()
 
 void TestFrmAddAirportHelp::everyClickTurnsTheReminderOff()
 {
-    FormState state;
-    frmAddAirportHelp help(state);
+    bool isDue = true;
+    frmAddAirportHelp help(isDue);
     help.show();
     auto *const box = findControl<QCheckBox>(help, "Check1");
     QTest::mouseClick(box, Qt::LeftButton, {}, {8, box->height() / 2});
     QVERIFY(box->isChecked());
-    QVERIFY(!state.ShowAddAirportHelp);
+    QVERIFY(!isDue);
 
-    state.ShowAddAirportHelp = true;
+    isDue = true;
     QTest::mouseClick(box, Qt::LeftButton, {}, {8, box->height() / 2});
     QVERIFY(!box->isChecked());
-    QVERIFY(!state.ShowAddAirportHelp);
+    QVERIFY(!isDue);
 }
 
 void TestFrmAddAirportHelp::spaceBarTurnsTheReminderOffToo()
 {
-    FormState state;
-    frmAddAirportHelp help(state);
+    bool isDue = true;
+    frmAddAirportHelp help(isDue);
     help.show();
     QTest::keyClick(findControl<QCheckBox>(help, "Check1"), Qt::Key_Space);
-    QVERIFY(!state.ShowAddAirportHelp);
+    QVERIFY(!isDue);
 }
 
 void TestFrmAddAirportHelp::withoutAClickTheReminderStays()
 {
-    FormState state;
-    frmAddAirportHelp help(state);
+    bool isDue = true;
+    frmAddAirportHelp help(isDue);
     help.show();
     QTest::mouseClick(findControl<QPushButton>(help, "Command1"), Qt::LeftButton);
-    QVERIFY(state.ShowAddAirportHelp);
+    QVERIFY(isDue);
 
-    state.ShowAddAirportHelp = false;
-    frmAddAirportHelp again(state);
+    isDue = false;
+    frmAddAirportHelp again(isDue);
     again.show();
     again.close();
-    QVERIFY(!state.ShowAddAirportHelp);
+    QVERIFY(!isDue);
 }
 
 void TestFrmAddAirportHelp::buttonClosesIt()
 {
-    FormState state;
-    frmAddAirportHelp help(state);
+    bool isDue = true;
+    frmAddAirportHelp help(isDue);
     help.show();
     QTest::mouseClick(findControl<QPushButton>(help, "Command1"), Qt::LeftButton);
     QVERIFY(!help.isVisible());
@@ -149,18 +149,18 @@ void TestFrmAddAirportHelp::enterAndEscapeCloseIt_data()
 void TestFrmAddAirportHelp::enterAndEscapeCloseIt()
 {
     QFETCH(int, key);
-    FormState state;
-    frmAddAirportHelp help(state);
+    bool isDue = true;
+    frmAddAirportHelp help(isDue);
     help.show();
     QTest::keyClick(&help, static_cast<Qt::Key>(key));
     QVERIFY(!help.isVisible());
-    QVERIFY(state.ShowAddAirportHelp);
+    QVERIFY(isDue);
 }
 
 void TestFrmAddAirportHelp::everythingIsReachedByTab()
 {
-    FormState state;
-    frmAddAirportHelp help(state);
+    bool isDue = true;
+    frmAddAirportHelp help(isDue);
     help.show();
     help.activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(&help));
@@ -171,10 +171,10 @@ void TestFrmAddAirportHelp::everythingIsReachedByTab()
 
 void TestFrmAddAirportHelp::blocksTheProgramWhileOpen()
 {
-    FormState state;
+    bool isDue = true;
     QWidget window;
     window.show();
-    frmAddAirportHelp help(state, &window);
+    frmAddAirportHelp help(isDue, &window);
     help.show();
     QCOMPARE(QApplication::activeModalWidget(), &help);
     help.close();

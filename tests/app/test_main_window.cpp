@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Pages, menus, links and quitting.
+#include "app/services/form_state.h"
 #include "app/services/link_label.h"
 #include "platform/controls/dir_list_box.h"
 #include "platform/controls/list_box.h"
@@ -23,11 +24,29 @@ namespace
 {
 
 /// The mouse over a control, and nowhere between: QTest's own moves cross the form on their way.
-void moveOver(QWidget *control, const QPoint &position = {3, 3})
+void moveOver(QWidget *control, const QPoint &position = {3, 3},
+              Qt::MouseButton pressed = Qt::NoButton)
 {
     QMouseEvent event(QEvent::MouseMove, position, control->mapToGlobal(QPointF(position)),
-                      Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+                      Qt::NoButton, pressed, Qt::NoModifier);
     QApplication::sendEvent(control, &event);
+}
+
+/// From now on the log is traced, and cannot be written.
+void loseLog(const Program &program)
+{
+    program.find<QAction>("mnuTrace")->trigger();
+    QFile::remove(program.sandbox.host(Program::logFile));
+    program.sandbox.makeFolder(Program::logFile);
+}
+
+/// Whether the user was told once that the log cannot be written, and sees that it is off.
+bool isLossTold(const Program &program)
+{
+    const QList<MessageBox> &boxes = program.outside.dialogs.boxes;
+    const auto told = [](const MessageBox &box) { return box.title == "Trace Log Error"; };
+    return std::count_if(boxes.begin(), boxes.end(), told) == 1 &&
+           !program.window->state().TraceOn && !program.find<QAction>("mnuTrace")->isChecked();
 }
 
 } // namespace
@@ -58,8 +77,13 @@ private Q_SLOTS:
     void readOnlySettingsAreReportedAndKept();
     void fullDiskIsReportedAndKeepsTheOldSettings();
     void traceLogThatCannotBeWrittenIsReported();
+    void lostLogDoesNotKeepTheUserFromQuitting();
+    void lostLogLeavesPage3ItsAircraft();
+    void lostLogDoesNotKeepAirportsFromBeingAdded();
+    void lostLogDoesNotKeepAPageFromBeingSelected();
     void nextStartComesBackToTheSamePlace();
-    void labelTurnsBoldUnderTheMouseUntilTheFormIsReached();
+    void linkTurnsBoldUnderTheMouseUntilTheFormIsReached_data();
+    void linkTurnsBoldUnderTheMouseUntilTheFormIsReached();
     void controlsTakeNoBoldAway();
     void selectingAPagePlacesTheFocus();
     void quitOfPage1StoresPage1();
@@ -382,6 +406,67 @@ void TestMainWindow::traceLogThatCannotBeWrittenIsReported()
     QCOMPARE(program.find<QAction>("mnuTrace")->isChecked(), program.window->state().TraceOn);
 }
 
+void TestMainWindow::lostLogDoesNotKeepTheUserFromQuitting()
+{
+    Program program;
+    program.rememberUsualRun("3");
+    program.start();
+    loseLog(program);
+    program.outside.dialogs.answers = {Answer::Yes};
+    program.find<QPushButton>("cmdQuit")->click();
+    QVERIFY(isLossTold(program));
+    QCOMPARE(program.outside.dialogs.boxes.first().title, QString("Confirm Exit"));
+    QCOMPARE(program.outside.dialogs.boxes.size(), 2);
+    QVERIFY(program.sandbox.read(Program::settingsFile).startsWith("0\r\nC:\\TTools\\"));
+    QVERIFY(program.window->isHidden());
+}
+
+void TestMainWindow::lostLogLeavesPage3ItsAircraft()
+{
+    Program program;
+    program.rememberUsualRun();
+    program.start();
+    loseLog(program);
+    program.addAircraft("C172", "Cessna", "124");
+    auto *const picker = program.find<DirListBox>("Tab3Dir1");
+    picker->setPath("C:\\");
+    picker->setPath(Program::aircraftDir);
+    QVERIFY(isLossTold(program));
+    QCOMPARE(program.find<ListBox>("Tab3List2")->items(), (QStringList{"A320", "B734", "C172"}));
+}
+
+void TestMainWindow::lostLogDoesNotKeepAirportsFromBeingAdded()
+{
+    const QString airports = "C:\\TTools\\Airports_Set.txt";
+    Program program;
+    program.sandbox.write(airports, "");
+    program.remember("1", "", "c:", Program::aircraftDir.toLatin1(), "", "False");
+    program.start();
+    program.outside.dialogs.files = {airports};
+    program.find<QPushButton>("Tab1cmdBrowse")->click();
+    auto *const list = program.find<ListBox>("Tab1List1");
+    list->setFocus();
+    list->setListIndex(2); // Jamaica
+    QTest::keyClick(list, Qt::Key_Insert);
+    loseLog(program);
+    program.find<QPushButton>("Tab1cmdCreateFile")->click();
+    QVERIFY(isLossTold(program));
+    QCOMPARE(program.sandbox.read(airports).count("MKJP,"), 1);
+    QCOMPARE(program.find<ListBox>("Tab1List2")->count(), 0);
+}
+
+void TestMainWindow::lostLogDoesNotKeepAPageFromBeingSelected()
+{
+    Program program;
+    program.start();
+    loseLog(program);
+    for (const int page : {1, 2}) {
+        program.find<QTabWidget>("SSTab1")->setCurrentIndex(page);
+        QCOMPARE(program.find<QTabWidget>("SSTab1")->currentIndex(), page);
+        QVERIFY(isLossTold(program));
+    }
+}
+
 void TestMainWindow::nextStartComesBackToTheSamePlace()
 {
     Program program;
@@ -402,25 +487,32 @@ void TestMainWindow::nextStartComesBackToTheSamePlace()
     QCOMPARE(program.find<ListBox>("Tab0List3")->count(), 1);
 }
 
-void TestMainWindow::labelTurnsBoldUnderTheMouseUntilTheFormIsReached()
+void TestMainWindow::linkTurnsBoldUnderTheMouseUntilTheFormIsReached_data()
 {
+    QTest::addColumn<bool>("turnsBold");
+    for (const char *link : {"lblAbout", "lblHelp", "lblPellara", "Tab0Help", "tab1Help",
+                             "Tab2lblHelp", "tab3VarloHelp"}) {
+        QTest::newRow(link) << true;
+    }
+    QTest::newRow("Tab3Label6") << false;
+}
+
+void TestMainWindow::linkTurnsBoldUnderTheMouseUntilTheFormIsReached()
+{
+    QFETCH(bool, turnsBold);
     Program program;
     program.start();
-    auto *help = program.find<LinkLabel>("lblHelp");
-    auto *about = program.find<LinkLabel>("lblAbout");
-    auto *pageHelp = program.find<LinkLabel>("Tab0Help");
-    moveOver(help);
-    QVERIFY(help->isBold());
-    moveOver(about);
-    moveOver(pageHelp);
-    QVERIFY(help->isBold()); // only the bare form or the frame takes the bold away
-    QVERIFY(about->isBold());
-    QVERIFY(pageHelp->isBold());
+    const auto *other = program.find<LinkLabel>("lblHelp");
+    auto *link = program.find<LinkLabel>(QTest::currentDataTag());
+    moveOver(program.find<LinkLabel>("lblHelp"));
+    moveOver(link);
+    moveOver(link);
+    QCOMPARE(link->font().bold(), turnsBold);
+    QVERIFY(other->font().bold()); // only the bare form or the frame takes the bold away
     auto *frame = program.find<QFrame>("frmLeveler");
     moveOver(frame, {2, frame->height() / 2});
-    QVERIFY(!help->isBold());
-    QVERIFY(!about->isBold());
-    QVERIFY(!pageHelp->isBold());
+    QVERIFY(!link->font().bold());
+    QVERIFY(!other->font().bold());
 }
 
 void TestMainWindow::controlsTakeNoBoldAway()
@@ -428,13 +520,19 @@ void TestMainWindow::controlsTakeNoBoldAway()
     Program program;
     program.start();
     auto *help = program.find<LinkLabel>("lblHelp");
-    for (const char *control : {"cmdQuit", "Tab0Label1", "lblFSPath"}) {
+    const QList<QWidget *> controls = {
+        program.find<QPushButton>("cmdQuit"), program.find<QLabel>("lblFSPath"),
+        program.find<QLineEdit>("tab2txtFltPlan"), program.find<QTabWidget>("SSTab1")->tabBar()};
+    for (QWidget *control : controls) {
         moveOver(help);
-        moveOver(program.find<QWidget>(control));
-        QVERIFY2(help->isBold(), control);
+        moveOver(control, {3, 3}, Qt::LeftButton); // which even controls without hover see
+        QVERIFY2(help->font().bold(), qPrintable(control->objectName()));
     }
-    moveOver(program.window->centralWidget(), {1, 1});
-    QVERIFY(!help->isBold());
+    for (const char *area : {"centralWidget", "aircraftLoaderPage"}) {
+        moveOver(help);
+        moveOver(program.find<QWidget>(area), {1, 1});
+        QVERIFY2(!help->font().bold(), area);
+    }
 }
 
 void TestMainWindow::selectingAPagePlacesTheFocus()

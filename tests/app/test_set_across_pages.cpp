@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What the pages hand to each other while a flight plan set is made.
 #include "airport_loader/airport_loader_page.h"
+#include "app/services/form_state.h"
 #include "platform/controls/dir_list_box.h"
 #include "platform/controls/list_box.h"
 #include "tests/support/program.h"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // How the program comes up, with and without a previous run.
 #include "app/cls_os.h"
+#include "app/services/form_state.h"
 #include "platform/controls/dir_list_box.h"
 #include "platform/controls/drive_list_box.h"
 #include "platform/controls/list_box.h"
@@ -321,7 +322,7 @@ void TestStartUp::savedPageThatIsNoPageIsReportedAndTheWindowIsUsable()
     program.start();
     QCOMPARE(program.outside.dialogs.boxes.size(), 1);
     QCOMPARE(program.outside.dialogs.boxes[0].title, QString("Form Load Error"));
-    QVERIFY(program.outside.dialogs.boxes[0].prompt.startsWith(error + '\r'));
+    QCOMPARE(program.outside.dialogs.boxes[0].prompt, error + "\rSelecting page " + page);
     QVERIFY(program.find<QTabWidget>("SSTab1")->isVisible());
     QCOMPARE(program.find<ListBox>("Tab0List2")->count(), 1);
 }
@@ -437,7 +438,8 @@ void TestStartUp::commaInAPathShiftsTheValuesThatFollow()
     program.start();
     QCOMPARE(program.window->state().strTToolsPath, QString("C:\\Tools"));
     QCOMPARE(program.outside.dialogs.boxes.size(), 1); // "mine\TTools.exe" is no drive
-    QVERIFY(program.outside.dialogs.boxes[0].prompt.startsWith("Error  68 Device unavailable\r"));
+    QCOMPARE(program.outside.dialogs.boxes[0].prompt,
+             QString("Error  68 Device unavailable\rSetting drive to: mine\\TTools.exe"));
 }
 
 void TestStartUp::settingsWithOneLineAreReportedAndTheWindowIsUsable()
@@ -504,7 +506,7 @@ void TestStartUp::savedDriveThatIsGoneIsReported()
     program.start();
     QCOMPARE(program.outside.dialogs.boxes.size(), 1);
     QCOMPARE(program.outside.dialogs.boxes[0].prompt,
-             QString("Error  68 Device unavailable\rOpening C:\\Morlen\\\\MorlenE.ini"));
+             QString("Error  68 Device unavailable\rSetting drive to: q:"));
 }
 
 void TestStartUp::unwritableProgramFolderIsReportedAndTheWindowIsUsable()

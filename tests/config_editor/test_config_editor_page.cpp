@@ -274,7 +274,7 @@ void TestConfigEditorPage::loadingIsTraced()
     Editor editor;
     editor.add("b58");
     editor.add("c172");
-    editor.services.state.TraceOn = true;
+    editor.trace();
     editor.start();
     QCOMPARE(editor.traced(), (QStringList{"Editor Path is C:\\FS9\\Aircraft",
                                            "Adding Aircraft b58", "Adding Aircraft c172"}));
@@ -311,7 +311,7 @@ void TestConfigEditorPage::aircraftCfgIsOpenedAndAskedAbout()
     editor.add("a");
     editor.add("b 58");
     editor.start();
-    editor.services.state.TraceOn = true;
+    editor.trace();
     editor.select(1);
     editor.press("Tab3optAircraft");
     editor.press("Tab3cmdedit");
@@ -330,7 +330,7 @@ void TestConfigEditorPage::panelValueLeadsToItsOwnPanelFolder()
     editor.addPanel("b58\\Panel.xyz", "[fltsim]\r\n");
     editor.addPanel("b58\\Panel", "alias=never\r\n");
     editor.start();
-    editor.services.state.TraceOn = true;
+    editor.trace();
     editor.editPanelOf(0);
     const QString file = "C:\\FS9\\Aircraft\\b58\\Panel.xyz\\panel.cfg";
     QCOMPARE(editor.started(), QStringList{"Notepad.exe " + file});
@@ -596,7 +596,7 @@ void TestConfigEditorPage::dumpWritesTheListingAndOffersIt()
     editor.add("a");
     editor.add("b");
     editor.start();
-    editor.services.state.TraceOn = true;
+    editor.trace();
     editor.sandbox.write("C:\\Morlen\\AircraftList.txt", QByteArray(5000, 'x'));
     editor.press("Tab3chkDumpList");
     const QList<QByteArray> lines = editor.sandbox.read("C:\\Morlen\\AircraftList.txt").split('\n');

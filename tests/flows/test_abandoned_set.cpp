@@ -115,7 +115,7 @@ void TestAbandonedSet::quitOfPage1LeadsBackAndTheSetIsFinished()
         user.press("ctrl+q"); // with no set under way, this leaves
         question = user.box();
         user.answer("Yes");
-        user.await("the end", [&] { return program.window->state().ended; });
+        user.await("the end", [&] { return program.window->isHidden(); });
     });
     QCOMPARE(problem, QString());
     QCOMPARE(half, withExisting({}));

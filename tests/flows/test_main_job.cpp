@@ -162,7 +162,7 @@ void TestMainJob::quittingWhileNotepadIsOpenEndsTheProgram()
         user.await("Notepad", [&] { return program.sandbox.exists(textFile + ".open"); });
         user.press("ctrl+q");
         user.answer("Yes");
-        user.await("the end", [&] { return program.window->state().ended; });
+        user.await("the end", [&] { return program.window->isHidden(); });
     });
     QCOMPARE(problem, QString());
     QVERIFY(!program.window->isVisible());

@@ -131,7 +131,7 @@ void TestFpSetFiles::emptiedFileIsBackedUpFirst()
     QCOMPARE(desk.createEmpty(), QString());
     QCOMPARE(desk.sandbox.read(target), QByteArray());
     QCOMPARE(desk.sandbox.read(target + ".Backup1"), QByteArray("what was there"));
-    QCOMPARE(desk.steps.state.ErrMsg, QString("The step"));
+    QCOMPARE(desk.steps.ErrMsg, QString("The step"));
 }
 
 void TestFpSetFiles::emptiedTwiceKeepsTwoGenerations()
@@ -175,7 +175,7 @@ void TestFpSetFiles::overwrittenFileIsBackedUpFirst()
     QCOMPARE(desk.copy(), QString());
     QCOMPARE(desk.sandbox.read(target), QByteArray("new"));
     QCOMPARE(desk.sandbox.read(target + ".Backup1"), QByteArray("the user's airports"));
-    QCOMPARE(desk.steps.state.ErrMsg, QString("The step"));
+    QCOMPARE(desk.steps.ErrMsg, QString("The step"));
 }
 
 void TestFpSetFiles::copyingTheSameAgainKeepsTheBackups()

@@ -137,7 +137,7 @@ void TestFpSetPage::pageComesUpAskingForTTools()
                                           "tab2cmdCancel", "tab2cmdQuit"}));
     QCOMPARE(user.highlighted(), (QStringList{"tab2TToolsDir"}));
     QVERIFY(user.caretIsAtEnd());
-    QCOMPARE(user.services.state.DefaultName, QString("FlightPlans_"));
+    QCOMPARE(user.state().DefaultName, QString("FlightPlans_"));
 }
 
 void TestFpSetPage::knownTToolsLetsASetBeNamed()

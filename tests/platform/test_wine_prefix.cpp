@@ -246,8 +246,7 @@ void TestWinePrefix::theSuitesEntriesAreAddedAndNoOtherByteChanges()
     const QByteArray systemBefore = fileOf("system.reg");
     const QByteArray userBefore = fileOf("user.reg");
     Steps steps;
-    steps.state.MorlenEDir = "C:\\Morlen\\";
-    suite_registry::CheckRegistry(*systemRegistry(), steps.state, caption, steps.step);
+    suite_registry::CheckRegistry(*systemRegistry(), "C:\\Morlen\\", caption, steps.step);
     QCOMPARE(fileOf("system.reg"), systemBefore);
     const QByteArray userAfter = fileOf("user.reg");
     QVERIFY(userAfter.startsWith(userBefore));
@@ -263,13 +262,13 @@ void TestWinePrefix::aNewCaptionChangesItsLineOnly()
     const QByteArray systemBefore = fileOf("system.reg");
     const QByteArray userBefore = fileOf("user.reg");
     Steps steps;
-    steps.state.MorlenEDir = "D:\\Elsewhere\\";
-    suite_registry::CheckRegistry(*systemRegistry(), steps.state, "Another caption", steps.step);
+    const QString folder = "D:\\Elsewhere\\";
+    suite_registry::CheckRegistry(*systemRegistry(), folder, "Another caption", steps.step);
     QCOMPARE(fileOf("system.reg"), systemBefore);
     QCOMPARE(fileOf("user.reg"), QByteArray(userBefore)
                                      .replace("\"Caption\"=\"Morlen Utilities\"\n",
                                               "\"Caption\"=\"Another caption\"\n"));
-    suite_registry::CheckRegistry(*systemRegistry(), steps.state, caption, steps.step);
+    suite_registry::CheckRegistry(*systemRegistry(), folder, caption, steps.step);
     QCOMPARE(fileOf("user.reg"), userBefore);
 }
 
@@ -288,9 +287,8 @@ void TestWinePrefix::wineShowsTheSuitesEntriesAndKeepsThem()
         QCOMPARE(textOf(suite + "Caption", "Caption"), caption);
     }
     Steps steps;
-    steps.state.MorlenEDir = "C:\\Morlen\\";
     const QByteArray before = fileOf("user.reg");
-    suite_registry::CheckRegistry(*systemRegistry(), steps.state, caption, steps.step);
+    suite_registry::CheckRegistry(*systemRegistry(), "C:\\Morlen\\", caption, steps.step);
     QCOMPARE(fileOf("user.reg"), before);
 }
 

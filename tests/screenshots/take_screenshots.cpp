@@ -4,9 +4,12 @@
 #include "app/frm_morlen_editor.h"
 #include "app/frm_splash.h"
 #include "app/services/notepad_substitutes.h"
+#include "app/services/outside.h"
+#include "platform/clock.h"
 #include "platform/controls/list_box.h"
 #include "platform/controls/system_dialogs.h"
 #include "platform/paths.h"
+#include "platform/registry.h"
 #include "tests/support/find_control.h"
 #include "tests/support/real_user.h"
 
@@ -224,7 +227,6 @@ int main(int argc, char *argv[])
         window.resize(940, 660);
         const QString problem = RealUser::run(
             window, [&](RealUser &user) { Photographer(user, window, folder).takeAll(); });
-        window.state().ended = true; // no question at the end
         if (!problem.isEmpty()) {
             throw std::runtime_error(problem.toStdString());
         }

@@ -18,11 +18,7 @@ public:
     static inline const QString filePrompt =
         QStringLiteral("Please Select Airport Text file to Edit --->");
 
-    AirportLoaderDriver()
-    {
-        sandbox.write(masterList, smallAirportList);
-        services.state.ShowAddAirportHelp = false;
-    }
+    AirportLoaderDriver() { sandbox.write(masterList, smallAirportList); }
 
     // What is there before the user comes. Bytes are those of the files.
 

@@ -2,11 +2,12 @@
 // The outside world as a test wants it. Each keeps what the program did to it.
 #pragma once
 
-#include "app/services/services.h"
+#include "app/services/outside.h"
 #include "platform/clock.h"
 #include "platform/dialogs.h"
 #include "platform/process.h"
 #include "platform/registry.h"
+#include "platform/runtime_error.h"
 
 #include <QDateTime>
 #include <QStringList>
@@ -77,7 +78,7 @@ public:
     int secondsPerLook = 0; ///< how far the clock moves on each time it is read
 };
 
-/// Everything outside, faked, with the real services on top.
+/// Everything outside, faked.
 struct FakeOutside {
     FakeRegistry registry;
     FakeProcesses processes;

@@ -2,6 +2,7 @@
 // Page 2 in the hands of its user: real files, real mouse and keys, everything outside faked.
 #pragma once
 
+#include "app/services/form_state.h"
 #include "fpset/fpset_page.h"
 #include "tests/support/page_driver.h"
 
@@ -26,7 +27,6 @@ public:
     {
         sandbox.write(tTools, "MZ");
         qputenv("XDG_DATA_HOME", QFile::encodeName(sandbox.host("C:\\share")));
-        services.state.ShowAddAirportHelp = false;
         window = std::make_unique<FpSetPage>(services);
         record();
         window->prepare();
@@ -155,8 +155,6 @@ public:
     {
         return QDir(sandbox.host("C:\\share\\Trash\\files")).entryList(QDir::Files);
     }
-
-    FormState &state() { return services.state; }
 
     QStringList asked; ///< what the page asked of the others, in order
 

@@ -2,12 +2,8 @@
 // One page in the hands of its user: real files, real mouse and keys, everything outside faked.
 #pragma once
 
-#include "app/services/services.h"
-#include "platform/line_reader.h"
-#include "tests/support/fakes.h"
 #include "tests/support/find_control.h"
-#include "tests/support/lines.h"
-#include "tests/support/sandbox.h"
+#include "tests/support/services_on_fakes.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -18,11 +14,9 @@
 #include <stdexcept>
 
 template <typename Page>
-class PageDriver
+class PageDriver : public ServicesOnFakes
 {
 public:
-    PageDriver() { services.state.MorlenEDir = "C:\\Morlen\\"; }
-
     // What the user does.
 
     /// Presses a button, or clicks an option where its mark is.
@@ -73,35 +67,6 @@ public:
         return QApplication::focusWidget() ? QApplication::focusWidget()->objectName() : QString();
     }
 
-    /// The boxes so far, each as "icon, title: prompt", and forgets them.
-    QStringList messages()
-    {
-        static const QStringList icons = {"None", "Information", "Exclamation", "Critical"};
-        QStringList texts;
-        for (const MessageBox &box : std::exchange(outside.dialogs.boxes, {})) {
-            texts += icons[static_cast<int>(box.icon)] + ", " + box.title + ": " + box.prompt;
-        }
-        return texts;
-    }
-
-    void trace() { services.state.TraceOn = true; }
-
-    /// The entries of the trace log, without their times; none when there is no log.
-    QStringList traced() const
-    {
-        const QString log = "C:\\Morlen\\TraceLog.txt";
-        QStringList entries;
-        if (sandbox.exists(log)) {
-            for (const QString &line : linesOf(sandbox.read(log))) {
-                entries += line.section(" - ", 1);
-            }
-        }
-        return entries;
-    }
-
-    Sandbox sandbox;
-    FakeOutside outside;
-    Services services{outside.outside()};
     std::unique_ptr<Page> window;
 
 protected:

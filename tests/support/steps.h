@@ -2,14 +2,13 @@
 // Steps without a window.
 #pragma once
 
-#include "app/services/form_state.h"
 #include "app/services/step.h"
 #include "tests/support/failure.h"
 
 /// A handler's steps, and the text that its report would name.
 struct Steps {
-    FormState state;
-    Step step{state};
+    QString ErrMsg;
+    Step step{ErrMsg};
 
     /// The failure of a procedure and the step it failed in: "53 File not found: Open C:\x.txt";
     /// empty without one.
@@ -17,6 +16,6 @@ struct Steps {
     QString failureOf(Procedure procedure)
     {
         const QString failure = ::failureOf([&] { procedure(step); });
-        return failure.isEmpty() ? failure : failure + ": " + state.ErrMsg;
+        return failure.isEmpty() ? failure : failure + ": " + ErrMsg;
     }
 };

@@ -4,8 +4,11 @@
 
 #include "app/frm_morlen_editor.h"
 #include "app/services/notepad_substitutes.h"
+#include "app/services/outside.h"
+#include "platform/clock.h"
 #include "platform/controls/list_box.h"
 #include "platform/controls/system_dialogs.h"
+#include "platform/registry.h"
 #include "tests/support/airport_list.h"
 #include "tests/support/find_control.h"
 #include "tests/support/real_user.h"
@@ -71,9 +74,7 @@ public:
         window = std::make_unique<frmMorlenEditor>(Outside{*registry, processes, dialogs, clock});
         dialogs.setParent(window.get());
         window->Form_Load();
-        const QString problem = RealUser::run(*window, steps);
-        window->state().ended = true; // the user has left, whatever the steps left open
-        return problem;
+        return RealUser::run(*window, steps);
     }
 
     QString label(const QString &name) const { return findControl<QLabel>(*window, name)->text(); }

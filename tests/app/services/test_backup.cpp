@@ -191,7 +191,7 @@ void TestBackup::stepOfTheCallerStandsAgainAfterwards()
     Steps steps;
     steps.step.set("Creating the set");
     DoBackup(source, steps.step);
-    QCOMPARE(steps.state.ErrMsg, QString("Creating the set"));
+    QCOMPARE(steps.ErrMsg, QString("Creating the set"));
 }
 
 void TestBackup::failedShiftIsNamedAsTheCopyItIs()

@@ -29,7 +29,7 @@ struct Reporting {
     FakeClock clock;
     FakeDialogs dialogs;
     TraceLog log{state, clock, dialogs};
-    ErrorReport errors{state, log, dialogs};
+    ErrorReport errors{state.ErrMsg, log, dialogs};
 };
 
 const QString logFile = QStringLiteral("C:\\Morlen\\TraceLog.txt");

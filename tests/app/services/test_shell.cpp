@@ -3,8 +3,7 @@
 #include "app/services/services.h"
 #include "platform/paths.h"
 #include "tests/support/failure.h"
-#include "tests/support/fakes.h"
-#include "tests/support/sandbox.h"
+#include "tests/support/services_on_fakes.h"
 
 #include <QDir>
 #include <QTimer>
@@ -16,9 +15,7 @@ namespace
 const QString allBlanks(260, ' ');
 
 /// A shell on a sandbox; programs and time are faked.
-struct Running {
-    Running() { services.state.MorlenEDir = "C:\\Morlen\\"; }
-
+struct Running : ServicesOnFakes {
     /// Waits for a program that never ends well, from `start` on; at each look at its exit code the
     /// clock shows the next of `times`. Returns how many of them were needed.
     qsizetype looksUntilTimeOut(const QTime &start, int timeOut, const QList<QTime> &times)
@@ -41,10 +38,6 @@ struct Running {
         const QString &buffer = services.shell.searchBuffer();
         return buffer.first(buffer.indexOf(QChar(u'\0')));
     }
-
-    Sandbox sandbox;
-    FakeOutside outside;
-    Services services{outside.outside()};
 };
 
 } // namespace
@@ -390,7 +383,7 @@ void TestShell::documentIsOpenedFromTheProgramFolder()
 {
     Running run;
     QVERIFY(QDir::setCurrent(run.sandbox.host("C:\\windows")));
-    Step step(run.services.state);
+    Step step(run.state().ErrMsg);
     run.services.shell.openDocument("Docs\\VarloHelp.htm", step);
     QCOMPARE(run.outside.processes.documents, QStringList{"C:\\Morlen\\Docs\\VarloHelp.htm"});
     QCOMPARE(paths::currentDirectory(), QString("C:\\Morlen"));
@@ -401,7 +394,7 @@ void TestShell::documentWithoutProgramFolderFails()
 {
     Running run;
     run.services.state.MorlenEDir = "C:\\Gone\\";
-    Step step(run.services.state);
+    Step step(run.state().ErrMsg);
     QCOMPARE(failureOf([&] { run.services.shell.openDocument("Donate.htm", step); }),
              QString("76 Path not found"));
     QCOMPARE(run.outside.processes.documents, QStringList());

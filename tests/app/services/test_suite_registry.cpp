@@ -2,12 +2,10 @@
 // Registering this program, finding its companions, and launching them.
 #include "app/services/suite_registry.h"
 
-#include "app/services/form_state.h"
-#include "app/services/step.h"
 #include "platform/paths.h"
-#include "tests/support/failure.h"
 #include "tests/support/fakes.h"
 #include "tests/support/sandbox.h"
+#include "tests/support/steps.h"
 
 #include <QtTest>
 
@@ -16,15 +14,11 @@ namespace
 
 const QString caption = QStringLiteral("Morlen Utilities - Version 1.5.4");
 
-/// A registry as the suite leaves it, and the state that looks into it.
+/// A registry as the suite leaves it, and what was found in it.
 struct Suite {
-    Suite() { state.MorlenEDir = "C:\\Morlen\\"; }
-
     void check()
     {
-        Step step(state);
-        suite_registry::CheckRegistry(registry, state, caption, step);
-        lastStep = state.ErrMsg;
+        found = suite_registry::CheckRegistry(registry, "C:\\Morlen\\", caption, steps.step);
     }
 
     void add(const QString &key, const QString &name, const QString &text)
@@ -39,8 +33,8 @@ struct Suite {
     }
 
     FakeRegistry registry;
-    FormState state;
-    QString lastStep;
+    Steps steps;
+    suite_registry::Companions found;
 };
 
 } // namespace
@@ -70,7 +64,7 @@ void TestSuiteRegistry::firstStartCreatesTheSuitesTwoKeys()
     QCOMPARE(suite.text("Morlen Utilities\\Path", "Exe_Path"),
              QString("C:\\Morlen\\MorlenEditor.exe"));
     QCOMPARE(suite.text("Morlen Utilities\\Caption", "Caption"), caption);
-    QCOMPARE(suite.lastStep, QString("Check for Pellara Caption"));
+    QCOMPARE(suite.steps.ErrMsg, QString("Check for Pellara Caption"));
 }
 
 void TestSuiteRegistry::movedProgramLeavesTheRegisteredPathAndRefreshesTheCaption()
@@ -88,9 +82,9 @@ void TestSuiteRegistry::withoutPellarasKeysItsPathStaysEmpty()
 {
     Suite suite;
     suite.check();
-    QCOMPARE(suite.state.PellaraPath, QString());
-    QCOMPARE(suite.state.PellaraCaption, QString());
-    QCOMPARE(suite.state.VarloPath, QString());
+    QCOMPARE(suite.found.PellaraPath, QString());
+    QCOMPARE(suite.found.PellaraCaption, QString());
+    QCOMPARE(suite.found.VarloPath, QString());
 }
 
 void TestSuiteRegistry::companionsAreFound()
@@ -100,17 +94,19 @@ void TestSuiteRegistry::companionsAreFound()
     suite.add("Pellara\\Caption", "Caption", "Pellara 2");
     suite.add("Varlo\\Path", "Exe_Path", "C:\\Varlo");
     suite.check();
-    QCOMPARE(suite.state.PellaraPath, QString("C:\\Pellara\\Pellara.exe"));
-    QCOMPARE(suite.state.PellaraCaption, QString("Pellara 2"));
-    QCOMPARE(suite.state.VarloPath, QString("C:\\Varlo"));
+    QCOMPARE(suite.found.PellaraPath, QString("C:\\Pellara\\Pellara.exe"));
+    QCOMPARE(suite.found.PellaraCaption, QString("Pellara 2"));
+    QCOMPARE(suite.found.VarloPath, QString("C:\\Varlo"));
 }
 
 void TestSuiteRegistry::companionThatIsGoneIsForgotten()
 {
     Suite suite;
-    suite.state.PellaraPath = "C:\\Pellara\\Pellara.exe";
+    suite.add("Pellara\\Path", "Exe_Path", "C:\\Pellara\\Pellara.exe");
     suite.check();
-    QCOMPARE(suite.state.PellaraPath, QString());
+    suite.add("Pellara\\Path", "Exe_Path", QString());
+    suite.check();
+    QCOMPARE(suite.found.PellaraPath, QString());
 }
 
 void TestSuiteRegistry::folderIsThePathLessTheProgramsName_data()

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The six lines that are remembered, as bytes.
-#include "app/services/settings_file.h"
+#include "app/session.h"
 #include "tests/support/failure.h"
 
 #include <QtTest>
@@ -32,7 +32,7 @@ QStringList parsed(const QByteArray &bytes)
 
 } // namespace
 
-class TestSettingsFile : public QObject
+class TestSession : public QObject
 {
     Q_OBJECT
 
@@ -40,7 +40,6 @@ private Q_SLOTS:
     void sixLinesAreWrittenInOrder();
     void sixLinesAreReadInOrder();
     void emptyValuesAreEmptyLines();
-    void tenBytesAreAbsentElevenAreRead();
     void commaInAPathShiftsTheValuesThatFollow();
     void pathWithACommaIsWrittenWithoutQuotesAndComesBackShifted();
     void quotedValueMayHoldCommas();
@@ -59,30 +58,24 @@ private Q_SLOTS:
     void valueOfAMegabyteIsOneValue();
 };
 
-void TestSettingsFile::sixLinesAreWrittenInOrder()
+void TestSession::sixLinesAreWrittenInOrder()
 {
     QCOMPARE(settings_file::compose(usual), usualBytes);
 }
 
-void TestSettingsFile::sixLinesAreReadInOrder()
+void TestSession::sixLinesAreReadInOrder()
 {
     QCOMPARE(parsed(usualBytes), valuesOf(usual));
 }
 
-void TestSettingsFile::emptyValuesAreEmptyLines()
+void TestSession::emptyValuesAreEmptyLines()
 {
     const Settings settings = {"0", "", "", "", "", "False"};
     QCOMPARE(settings_file::compose(settings), QByteArray("0\r\n\r\n\r\n\r\n\r\nFalse\r\n"));
     QCOMPARE(parsed("0\r\n\r\n\r\n\r\n\r\nFalse\r\n"), valuesOf(settings));
 }
 
-void TestSettingsFile::tenBytesAreAbsentElevenAreRead()
-{
-    QCOMPARE(settings_file::shortestLength, qint64(11));
-    QCOMPARE(parsed("1,2,3,4,5,6"), (QStringList{"1", "2", "3", "4", "5", "6"})); // 11 bytes
-}
-
-void TestSettingsFile::commaInAPathShiftsTheValuesThatFollow()
+void TestSession::commaInAPathShiftsTheValuesThatFollow()
 {
     QCOMPARE(parsed("0\r\nC:\\Tools, mine\\ttools.exe\r\nc:\r\nC:\\FS9\\Aircraft\r\n"
                     "C:\\a.txt\r\nTrue\r\n"),
@@ -90,7 +83,7 @@ void TestSettingsFile::commaInAPathShiftsTheValuesThatFollow()
                           "C:\\a.txt"}));
 }
 
-void TestSettingsFile::pathWithACommaIsWrittenWithoutQuotesAndComesBackShifted()
+void TestSession::pathWithACommaIsWrittenWithoutQuotesAndComesBackShifted()
 {
     Settings settings = usual;
     settings.aircraftTextFile = "C:\\a,b.txt";
@@ -99,19 +92,19 @@ void TestSettingsFile::pathWithACommaIsWrittenWithoutQuotesAndComesBackShifted()
     QCOMPARE(parsed(bytes).mid(4), (QStringList{"C:\\a", "b.txt"}));
 }
 
-void TestSettingsFile::quotedValueMayHoldCommas()
+void TestSession::quotedValueMayHoldCommas()
 {
     QCOMPARE(parsed("\"0\"\r\n\"C:\\Tools, mine\\ttools.exe\"\r\n\"c:\",\"d\" x\r\ne\r\n\"True\""),
              (QStringList{"0", "C:\\Tools, mine\\ttools.exe", "c:", "d", "e", "True"}));
 }
 
-void TestSettingsFile::blanksBeforeAValueAreSkippedThoseBehindKept()
+void TestSession::blanksBeforeAValueAreSkippedThoseBehindKept()
 {
     QCOMPARE(parsed("  1\r\n   C:\\my tools \r\nc: ,  d\r\n e\r\n \"True\"\r\n"),
              (QStringList{"1", "C:\\my tools ", "c: ", "d", "e", "True"}));
 }
 
-void TestSettingsFile::lineEndsAreCrLfCrAndLf_data()
+void TestSession::lineEndsAreCrLfCrAndLf_data()
 {
     QTest::addColumn<QByteArray>("end");
     QTest::newRow("CR LF") << QByteArray("\r\n");
@@ -119,18 +112,18 @@ void TestSettingsFile::lineEndsAreCrLfCrAndLf_data()
     QTest::newRow("CR") << QByteArray("\r");
 }
 
-void TestSettingsFile::lineEndsAreCrLfCrAndLf()
+void TestSession::lineEndsAreCrLfCrAndLf()
 {
     QFETCH(QByteArray, end);
     QCOMPARE(parsed(QByteArray(usualBytes).replace("\r\n", end)), valuesOf(usual));
 }
 
-void TestSettingsFile::lastLineNeedsNoEnd()
+void TestSession::lastLineNeedsNoEnd()
 {
     QCOMPARE(parsed(usualBytes.chopped(2)), valuesOf(usual));
 }
 
-void TestSettingsFile::fewerThanSixValuesFail_data()
+void TestSession::fewerThanSixValuesFail_data()
 {
     QTest::addColumn<QByteArray>("bytes");
     QTest::newRow("nothing") << QByteArray();
@@ -141,18 +134,18 @@ void TestSettingsFile::fewerThanSixValuesFail_data()
     QTest::newRow("quote that is not closed") << QByteArray("0\r\n\"t\r\nc:\r\nd\r\nf\r\nTrue\r\n");
 }
 
-void TestSettingsFile::fewerThanSixValuesFail()
+void TestSession::fewerThanSixValuesFail()
 {
     QFETCH(QByteArray, bytes);
     QCOMPARE(failureOf([&] { settings_file::parse(bytes); }), QString("62 Input past end of file"));
 }
 
-void TestSettingsFile::whatFollowsTheSixthValueIsIgnored()
+void TestSession::whatFollowsTheSixthValueIsIgnored()
 {
     QCOMPARE(parsed(usualBytes + "more\r\n\"even\0more"), valuesOf(usual));
 }
 
-void TestSettingsFile::fileIsInTheCodePage()
+void TestSession::fileIsInTheCodePage()
 {
     Settings settings = usual;
     settings.aircraftDir = QString::fromUtf8("C:\\Übung 5€\\Aircraft");
@@ -162,7 +155,7 @@ void TestSettingsFile::fileIsInTheCodePage()
     QCOMPARE(parsed(bytes), valuesOf(settings));
 }
 
-void TestSettingsFile::everyByteOfTheCodePageComesBack()
+void TestSession::everyByteOfTheCodePageComesBack()
 {
     QByteArray bytes = usualBytes;
     QByteArray all;
@@ -175,7 +168,7 @@ void TestSettingsFile::everyByteOfTheCodePageComesBack()
     QCOMPARE(settings_file::compose(settings_file::parse(bytes)), bytes);
 }
 
-void TestSettingsFile::pathOutsideTheCodePageMakesTheFileUtf8()
+void TestSession::pathOutsideTheCodePageMakesTheFileUtf8()
 {
     Settings settings = usual;
     settings.aircraftTextFile = QString::fromUtf8("C:\\Самолёты\\é.txt");
@@ -186,7 +179,7 @@ void TestSettingsFile::pathOutsideTheCodePageMakesTheFileUtf8()
     QCOMPARE(parsed(bytes), valuesOf(settings));
 }
 
-void TestSettingsFile::binaryContentIsReadAsTextOrFails_data()
+void TestSession::binaryContentIsReadAsTextOrFails_data()
 {
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<QString>("failure");
@@ -199,19 +192,19 @@ void TestSettingsFile::binaryContentIsReadAsTextOrFails_data()
         << QByteArray("MZ\x90\0\x03,\xFF\xFF,\xB8\n\x80\r\"\0,\",\x7F", 19) << "";
 }
 
-void TestSettingsFile::binaryContentIsReadAsTextOrFails()
+void TestSession::binaryContentIsReadAsTextOrFails()
 {
     QFETCH(QByteArray, bytes);
     QFETCH(QString, failure);
     QCOMPARE(failureOf([&] { settings_file::parse(bytes); }), failure);
 }
 
-void TestSettingsFile::valueOfAMegabyteIsOneValue()
+void TestSession::valueOfAMegabyteIsOneValue()
 {
     Settings settings = usual;
     settings.tToolsPath = QString(1'000'000, 'x');
     QCOMPARE(parsed(settings_file::compose(settings)), valuesOf(settings));
 }
 
-QTEST_APPLESS_MAIN(TestSettingsFile)
-#include "test_settings_file.moc"
+QTEST_APPLESS_MAIN(TestSession)
+#include "test_session.moc"

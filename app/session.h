@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: MIT
-// "MorlenE.ini": six bare lines that are remembered from run to run.
+// What is remembered from run to run, in the six bare lines of "MorlenE.ini".
 #pragma once
 
-#include <QByteArray>
 #include <QString>
+
+#include <optional>
+
+class TraceLog;
+struct FormState;
 
 struct Settings {
     QString lastTab;            ///< "0" to "3"
@@ -17,9 +21,6 @@ struct Settings {
 namespace settings_file
 {
 
-/// A file shorter than this many bytes counts as absent: a first run.
-constexpr qint64 shortestLength = 11;
-
 /// Reads six values by the sequential-input rule: a comma ends a value as a line end does.
 /// Throws RuntimeError: Input past end of file (62) when there are fewer.
 Settings parse(const QByteArray &bytes);
@@ -28,3 +29,28 @@ Settings parse(const QByteArray &bytes);
 QByteArray compose(const Settings &settings);
 
 } // namespace settings_file
+
+/// Reading, restoring and saving them.
+class Session
+{
+public:
+    Session(FormState &state, TraceLog &log) : m_state(state), m_log(log) {}
+
+    QString path() const; ///< of the file, in the program folder
+
+    /// What the run before saved. Nothing at a first run: the file is made, or shorter than 11
+    /// bytes. Throws RuntimeError.
+    std::optional<Settings> read() const;
+
+    /// Takes over what no control shows.
+    void restore(const Settings &settings);
+
+    /// Saves how the program is left, page 3 on a drive. Throws RuntimeError.
+    void save(const QString &drive);
+
+private:
+    void log(const Settings &settings);
+
+    FormState &m_state;
+    TraceLog &m_log;
+};
