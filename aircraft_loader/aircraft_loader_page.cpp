@@ -42,13 +42,9 @@ AircraftLoaderPage::AircraftLoaderPage(Services &services, QWidget *parent)
     connect(ui->opt2002, &QRadioButton::clicked, this, &Page::opt2002_Click);
     connect(ui->opt2004, &QRadioButton::clicked, this, &Page::opt2004_Click);
     connect(ui->cmdBrowseFSPath, &QPushButton::clicked, this, &Page::cmdBrowseFSPath_Click);
-    connect(ui->Drive1, &DriveListBox::driveChanged, this, &Page::Drive1_Change);
-    connect(ui->Dir1, &DirListBox::pathChanged, this, &Page::Dir1_Change);
-    connect(ui->Dir1, &DirListBox::openFailed, this,
-            [this](const RuntimeError &error, const QString &folder) {
-                m_state.ErrMsg = "Set path to " + folder;
-                m_services.errors.show("Directory Select Error", error);
-            });
+    connect(ui->Drive1, &QComboBox::currentTextChanged, this, &Page::Drive1_Change);
+    connect(ui->Dir1, &DirListBox::folderChosen, this,
+            [this](const QString &folder) { openFolder(folder, "Directory Select Error"); });
     connect(ui->Command1, &QPushButton::clicked, this, &Page::Command1_Click);
     connect(m_textFile, &TextFileChoice::changed, this, &Page::textFileChanged);
     connect(m_textFile, &TextFileChoice::edited, this, &Page::LoadList);
@@ -301,42 +297,52 @@ void AircraftLoaderPage::cmdBrowseFSPath_Click()
 
 void AircraftLoaderPage::Drive1_Change()
 {
-    m_services.errors.run(directoryErrorTitle, [this] {
-        m_state.ErrMsg = "Set path to " + ui->Drive1->drive();
-        ui->Dir1->setPath(ui->Drive1->drive());
+    openFolder(ui->Drive1->drive(), directoryErrorTitle);
+}
+
+void AircraftLoaderPage::openFolder(const QString &folder, const QString &errorTitle)
+{
+    m_services.errors.run(errorTitle, [&](Step &step) {
+        step.set("Set path to " + folder);
+        if (ui->Dir1->setPath(folder)) {
+            Dir1_Change();
+        }
     });
 }
 
 void AircraftLoaderPage::Dir1_Change()
 {
-    m_services.errors.run("Directory Select Error", [this] {
-        const QString directory = ui->Dir1->path();
-        if (!fs_location::endsInAircraftFolder(directory)) {
-            ui->Tab0List2->hide();
-            return;
-        }
-        askForTextFile();
-        m_layout.take(directory);
-        m_state.AirCraftDir = directory;
-        m_state.ErrMsg = "Set path to " + directory;
-        ui->File1->clearFileName();
-        ui->File1->setPath(directory);
-        showDirectory(directory);
-        Q_EMIT directoryChosen(directory);
-        ui->frmDriveDialog->hide();
-        ui->Tab0List2->show();
-        if (m_state.reLoadNewPlan) { // the set being filled keeps its file
-            takeFileOfSet(m_state.AircraftTextDir);
-        }
-    });
+    if (takeFolder()) {
+        Q_EMIT directoryChosen(ui->Dir1->path());
+    }
+}
+
+/// Takes the folder picker's open folder for the aircraft directory, and returns whether it is one.
+bool AircraftLoaderPage::takeFolder()
+{
+    const QString directory = ui->Dir1->path();
+    if (!fs_location::endsInAircraftFolder(directory)) {
+        ui->Tab0List2->hide();
+        return false;
+    }
+    askForTextFile();
+    m_layout.take(directory);
+    ui->File1->setPath(directory);
+    showFSPath(directory);
+    ui->frmDriveDialog->hide();
+    ui->Tab0List2->show();
+    if (m_state.reLoadNewPlan) { // the set being filled keeps its file
+        takeFileOfSet(m_state.AircraftTextDir);
+    }
+    return true;
 }
 
 void AircraftLoaderPage::Command1_Click()
 {
     if (blind_to_case::lower(ui->Dir1->path()).endsWith(QLatin1String("aircraft"))) {
-        showDirectory(ui->Dir1->path());
+        showFSPath(ui->Dir1->path());
     } else {
-        showDirectory({});
+        showFSPath({});
         m_services.dialogs.show({.prompt = "Please select the Flight Simulator Directory!",
                                  .title = directoryErrorTitle,
                                  .icon = MessageBox::Icon::Exclamation});
@@ -364,7 +370,7 @@ void AircraftLoaderPage::askForTextFile()
     ClearLists();
 }
 
-void AircraftLoaderPage::showDirectory(const QString &directory)
+void AircraftLoaderPage::showFSPath(const QString &directory)
 {
     ui->lblFSPath->setText(directory);
     ui->noDirectoryLabel->setVisible(directory.isEmpty());
@@ -375,27 +381,12 @@ QString AircraftLoaderPage::shownDirectory() const
     return ui->lblFSPath->text();
 }
 
-void AircraftLoaderPage::openDirectory(const QString &directory)
+void AircraftLoaderPage::showDirectory(const QString &directory)
 {
-    const QString before = ui->Dir1->path();
-    ui->Dir1->setPath(directory);
-    // The picker begins in the current directory: opened again it fires no change.
-    if (ui->Dir1->path() == before &&
-        m_state.AirCraftDir.compare(before, Qt::CaseInsensitive) != 0) {
-        Dir1_Change();
+    showFSPath(directory); // be it there or not
+    if (!directory.isEmpty() && ui->Dir1->setPath(directory)) {
+        takeFolder();
     }
-}
-
-void AircraftLoaderPage::followDirectory(const QString &directory)
-{
-    m_services.errors.run("Directory Select Error", [&] {
-        askForTextFile();
-        m_state.ErrMsg = "Set path to " + directory;
-        ui->Dir1->setPath(directory);
-        if (ui->lblFSPath->text() != directory) { // the picker stood there already
-            Dir1_Change();
-        }
-    });
 }
 
 void AircraftLoaderPage::takeFileOfSet(const QString &path)

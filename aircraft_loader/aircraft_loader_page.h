@@ -30,17 +30,14 @@ public:
     void LoadList();
     void ClearLists();
 
-    /// Shows the aircraft directory; empty when the simulator was not found.
+    /// Shows the aircraft directory, or that there is none (an empty path). The folder picker is
+    /// pointed at it; when it stood elsewhere the text file is asked for again. Throws
+    /// RuntimeError: Path not found (76), Path/File access error (75), Device unavailable (68).
     void showDirectory(const QString &directory);
     QString shownDirectory() const; ///< the text of lblFSPath
 
-    /// Points the folder picker at a directory, which Dir1_Change then takes or refuses.
-    /// Throws RuntimeError: Path not found (76), Path/File access error (75), Device unavailable
-    /// (68).
-    void openDirectory(const QString &directory);
-
-    /// A directory was chosen on another page: it is taken over, and the text file asked for again.
-    void followDirectory(const QString &directory);
+    /// Asks for the text file; until one is chosen the lists are empty.
+    void askForTextFile();
 
     /// Makes a set's aircraft file the current one and, when there is a directory too, loads the
     /// lists for it.
@@ -60,8 +57,8 @@ public:
 
 Q_SIGNALS:
     void simulatorVersionChosen();
-    void directoryChosen(const QString &directory);
-    void textFileChanged(const QString &path); ///< the one in use; empty for none
+    void directoryChosen(const QString &directory); ///< by the user
+    void textFileChanged(const QString &path);      ///< the one in use; empty for none
     void aircraftAddedForSet();
     void quitPressed();
     void helpWanted();
@@ -81,6 +78,8 @@ private:
     void optClear_Click();
 
     // The steps of the handlers.
+    void openFolder(const QString &folder, const QString &errorTitle);
+    bool takeFolder();
     void readTextFile(Step &step);
     void walkFolders();
     void FindAvailableAI();
@@ -89,7 +88,7 @@ private:
     bool enableAddAircraft();
     void fillFromTextFile(const QString &path);
     void showLists(bool visible);
-    void askForTextFile();
+    void showFSPath(const QString &directory);
 
     std::unique_ptr<Ui::AircraftLoaderPage> ui;
     Services &m_services;

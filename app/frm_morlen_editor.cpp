@@ -134,10 +134,13 @@ void frmMorlenEditor::connectPages()
         ui->SSTab1->setCurrentIndex(fpSetPageNumber);
         m_fpSet->continueWithSet();
     });
-    // Pages 0 and 3 work on the same directory, whichever of them it was chosen on.
-    connect(m_aircraftLoader, &AircraftLoaderPage::directoryChosen, this, &Form::followOnPage3);
+    // Pages 0 and 3 show the same directory, whichever of them the user chose it on.
+    connect(m_aircraftLoader, &AircraftLoaderPage::directoryChosen, this, &Form::takeDirectory);
+    connect(m_aircraftLoader, &AircraftLoaderPage::directoryChosen, m_configEditor,
+            &ConfigEditorPage::selectFirstEntry);
     connect(m_configEditor, &ConfigEditorPage::directoryChosen, m_aircraftLoader,
-            &AircraftLoaderPage::followDirectory);
+            &AircraftLoaderPage::askForTextFile);
+    connect(m_configEditor, &ConfigEditorPage::directoryChosen, this, &Form::takeDirectory);
 }
 
 void frmMorlenEditor::connectHover()
@@ -159,12 +162,19 @@ void frmMorlenEditor::showReminder()
     frmAddAirportHelp(m_services.state, this).exec();
 }
 
-void frmMorlenEditor::followOnPage3(const QString &directory)
+void frmMorlenEditor::takeDirectory(const QString &directory)
 {
-    m_services.errors.run("Directory Select Error", [&] {
-        m_configEditor->openDirectory(directory);
-        m_configEditor->selectFirstEntry();
+    m_services.errors.run("Directory Select Error", [&](Step &step) {
+        step.set("Set path to " + directory);
+        openAircraftDir(directory);
     });
+}
+
+void frmMorlenEditor::openAircraftDir(const QString &directory)
+{
+    m_aircraftLoader->showDirectory(directory);
+    m_configEditor->showDirectory(directory);
+    m_services.state.AirCraftDir = m_configEditor->directory();
 }
 
 void frmMorlenEditor::Form_Load()
@@ -278,11 +288,13 @@ void frmMorlenEditor::restoreDirectory(const QString &directory)
     if (!fs_location::namesAircraftFolder(directory)) {
         return;
     }
-    m_services.state.ErrMsg = "Setting FS path to: " + directory;
-    m_configEditor->openDirectory(directory);
-    if (m_aircraftLoader->shownDirectory().isEmpty()) {
+    Step step(m_services.state);
+    step.set("Setting FS path to: " + directory);
+    m_configEditor->showDirectory(directory);
+    if (fs_location::endsInAircraftFolder(m_configEditor->directory())) {
+        openAircraftDir(directory);
+    } else if (m_aircraftLoader->shownDirectory().isEmpty()) {
         m_aircraftLoader->showDirectory(directory);
-        m_aircraftLoader->openDirectory(directory);
     }
 }
 
@@ -325,19 +337,14 @@ void frmMorlenEditor::launch(const QString &path, const QString &program, const 
 
 void frmMorlenEditor::FindFSPath()
 {
-    m_services.errors.run("FS Path Error", [this] {
+    m_services.errors.run("FS Path Error", [this](Step &step) {
+        step.set("Get FlightSim Path");
         FormState &state = m_services.state;
-        state.RegValue.clear();
-        state.ErrMsg = "Get FlightSim Path";
         state.RegValue = fs_location::installation(m_services.registry);
         if (state.RegValue.isEmpty()) {
             m_aircraftLoader->showDirectory({});
         } else {
-            const QString directory = fs_location::aircraftDirectory(state.RegValue);
-            m_aircraftLoader->showDirectory(directory);
-            m_aircraftLoader->openDirectory(directory);
-            m_configEditor->openDirectory(directory);
-            m_configEditor->setDrive(directory.left(3));
+            openAircraftDir(fs_location::aircraftDirectory(state.RegValue));
         }
         m_aircraftLoader->ClearLists();
     });

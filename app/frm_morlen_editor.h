@@ -70,7 +70,8 @@ private:
     void connectHover();
 
     void showReminder();
-    void followOnPage3(const QString &directory);
+    void takeDirectory(const QString &directory);
+    void openAircraftDir(const QString &directory);
 
     // The steps of the start-up.
     void startUp();

@@ -21,7 +21,7 @@ using tree_benchmark::sandbox;
 struct LoadedPage {
     LoadedPage()
     {
-        page.openDirectory(benchmark_tree::aircraftDir);
+        page.showDirectory(benchmark_tree::aircraftDir);
         page.show();
         page.restoreTextFile(benchmark_tree::textFile);
     }

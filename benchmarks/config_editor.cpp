@@ -21,7 +21,7 @@ struct LoadedPage {
     {
         services.state.MorlenEDir = "C:\\Morlen\\";
         page.show();
-        page.openDirectory(benchmark_tree::aircraftDir);
+        page.showDirectory(benchmark_tree::aircraftDir);
     }
 
     FakeOutside outside;

@@ -35,13 +35,8 @@ ConfigEditorPage::ConfigEditorPage(Services &services, QWidget *parent)
 {
     ui->setupUi(this);
     using Page = ConfigEditorPage;
-    connect(ui->Tab3Drive1, &DriveListBox::driveChanged, this, &Page::Tab3Drive1_Change);
-    connect(ui->Tab3Dir1, &DirListBox::pathChanged, this, &Page::Tab3Dir1_Change);
-    connect(ui->Tab3Dir1, &DirListBox::openFailed, this,
-            [this](const RuntimeError &error, const QString &folder) {
-                m_state.ErrMsg = "Set path to " + folder;
-                m_services.errors.show("Directory Select Error", error);
-            });
+    connect(ui->Tab3Drive1, &QComboBox::currentTextChanged, this, &Page::openFolder);
+    connect(ui->Tab3Dir1, &DirListBox::folderChosen, this, &Page::openFolder);
     connect(ui->Tab3List3->selectionModel(), &QItemSelectionModel::currentChanged, this,
             &Page::Tab3List3_Click);
     connect(ui->Tab3cmdedit, &QPushButton::clicked, this, &Page::Tab3cmdedit_Click);
@@ -60,17 +55,27 @@ QString ConfigEditorPage::drive() const
 
 void ConfigEditorPage::setDrive(const QString &drive)
 {
-    ui->Tab3Drive1->setDrive(drive);
+    if (!ui->Tab3Drive1->showDrive(drive)) {
+        throw RuntimeError(ErrorNumber::DeviceUnavailable);
+    }
+    if (!directory().startsWith(this->drive(), Qt::CaseInsensitive)) {
+        openFolder(this->drive());
+    }
 }
 
-void ConfigEditorPage::openDirectory(const QString &directory)
+void ConfigEditorPage::showDirectory(const QString &directory)
 {
-    ui->Tab3Dir1->setPath(directory);
-    ui->Tab3Drive1->showDrive(ui->Tab3Dir1->path());
-    // The picker begins in the current directory: opened again it fires no change.
-    if (m_directory.compare(ui->Tab3Dir1->path(), Qt::CaseInsensitive) != 0) {
-        Tab3Dir1_Change();
+    const bool other = ui->Tab3Dir1->setPath(directory);
+    ui->Tab3Drive1->showDrive(directory);
+    if (other) {
+        takeFolder();
+        selectFirstEntry();
     }
+}
+
+QString ConfigEditorPage::directory() const
+{
+    return ui->Tab3Dir1->path();
 }
 
 void ConfigEditorPage::showVarlo()
@@ -101,37 +106,45 @@ void ConfigEditorPage::selectFirstEntry()
     ui->Tab3List3->setListIndex(0);
 }
 
-void ConfigEditorPage::Tab3Drive1_Change()
+void ConfigEditorPage::openFolder(const QString &folder)
 {
-    m_services.errors.run("Directory Select Error", [this] {
-        m_state.ErrMsg = "Set path to " + ui->Tab3Drive1->drive();
-        ui->Tab3Dir1->setPath(ui->Tab3Drive1->drive());
+    m_services.errors.run("Directory Select Error", [&](Step &step) {
+        step.set("Set path to " + folder);
+        if (ui->Tab3Dir1->setPath(folder)) {
+            Tab3Dir1_Change();
+        }
     });
-    ui->Tab3Drive1->showDrive(ui->Tab3Dir1->path()); // not a drive that cannot be read
+    ui->Tab3Drive1->showDrive(directory()); // not a drive that cannot be read
 }
 
 void ConfigEditorPage::Tab3Dir1_Change()
 {
-    m_services.errors.run("Directory Select Error", [this] {
-        m_directory = ui->Tab3Dir1->path();
-        if (fs_location::endsInAircraftFolder(m_directory)) {
-            Q_EMIT directoryChosen(m_directory);
-            m_services.log.write("Editor Path is " + m_directory);
-            listAircraft();
-        } else {
-            showCatalogue({});
-            ui->Tab3List3->addItem(directoryPrompt);
-            ui->Tab3Label2->setText(totalCaption);
-            setEditingEnabled(false);
-        }
-    });
+    if (takeFolder()) {
+        Q_EMIT directoryChosen(directory());
+    }
+}
+
+/// Takes the folder picker's open folder for the aircraft directory, and returns whether it is one.
+bool ConfigEditorPage::takeFolder()
+{
+    const bool accepted = fs_location::endsInAircraftFolder(directory());
+    if (accepted) {
+        m_services.log.write("Editor Path is " + directory());
+        listAircraft();
+    } else {
+        showCatalogue({});
+        ui->Tab3List3->addItem(directoryPrompt);
+        ui->Tab3Label2->setText(totalCaption);
+        setEditingEnabled(false);
+    }
+    return accepted;
 }
 
 void ConfigEditorPage::listAircraft()
 {
     Step step(m_state);
-    step.set("Set path to " + m_directory);
-    ui->Tab3File1->setPath(m_directory);
+    step.set("Set path to " + directory());
+    ui->Tab3File1->setPath(directory());
     showCatalogue({});
     showTotal();
     Tab3LoadList();
@@ -140,11 +153,11 @@ void ConfigEditorPage::listAircraft()
 /// A directory of the combat simulator holds folders that are no aircraft.
 void ConfigEditorPage::showTotal()
 {
-    const QStringList folders = m_services.aircraftFolders.subFolders(m_directory);
+    const QStringList folders = m_services.aircraftFolders.subFolders(directory());
     const auto hasConfig = [&](const QString &folder) {
-        return files::exists(paths::join(m_directory, folder) + "\\aircraft.cfg");
+        return files::exists(paths::join(directory(), folder) + "\\aircraft.cfg");
     };
-    const bool combat = blind_to_case::lower(m_directory).contains(QLatin1String("combat"));
+    const bool combat = blind_to_case::lower(directory()).contains(QLatin1String("combat"));
     const qsizetype total =
         combat ? std::count_if(folders.begin(), folders.end(), hasConfig) : folders.size();
     ui->Tab3Label2->setText(totalCaption + QString::number(total));
@@ -269,7 +282,7 @@ bool ConfigEditorPage::openPanelCfg(const QString &cfgFile, const QString &panel
     }
     m_services.log.write("Setting Panel Shell String");
     const std::optional<QString> chosen = m_aliasQuestions.panelToEdit(
-        m_editPath, cfgFile, aircraft_catalogue::rootOf(m_directory), step);
+        m_editPath, cfgFile, aircraft_catalogue::rootOf(directory()), step);
     if (chosen) {
         m_editPath = *chosen;
         startNotepad("Notepad.exe " + m_editPath);

@@ -28,13 +28,15 @@ public:
 
     QString drive() const; ///< as the drive list reports it
 
-    /// Chooses a drive, which the folder picker follows when it is another one.
+    /// Shows a drive; the folder picker follows when it is another one.
     /// Throws RuntimeError: Device unavailable (68).
     void setDrive(const QString &drive);
 
-    /// Points the folder picker at a directory, the drive list with it.
-    /// Throws RuntimeError: Path not found (76), Path/File access error (75).
-    void openDirectory(const QString &directory);
+    /// Points the folder picker at a directory, the drive list with it. When it stood elsewhere the
+    /// aircraft are listed, the first one selected. Throws RuntimeError: Path not found (76),
+    /// Path/File access error (75).
+    void showDirectory(const QString &directory);
+    QString directory() const; ///< the open folder of the picker
 
     void showVarlo();
 
@@ -48,20 +50,21 @@ public:
     void selectFirstEntry();
 
 Q_SIGNALS:
-    void directoryChosen(const QString &directory);
+    void directoryChosen(const QString &directory); ///< by the user
     void aircraftEdited(); ///< the user changed a file; the lists are rebuilt
     void varloWanted();
     void helpWanted();
 
 private:
     // Handlers. The names are the product's.
-    void Tab3Drive1_Change();
     void Tab3Dir1_Change();
     void Tab3List3_Click();
     void Tab3cmdedit_Click();
     void Tab3chkDumpList_Click();
 
     // The steps of the handlers.
+    void openFolder(const QString &folder);
+    bool takeFolder();
     void listAircraft();
     void readCatalogue(AircraftCatalogue &catalogue);
     void showCatalogue(const AircraftCatalogue &catalogue);
@@ -78,6 +81,5 @@ private:
     Services &m_services;
     FormState &m_state;
     AliasQuestions m_aliasQuestions;
-    QString m_directory; ///< the folder picker's, once it was acted upon
-    QString m_editPath;  ///< the file last meant to be edited
+    QString m_editPath; ///< the file last meant to be edited
 };

@@ -5,117 +5,45 @@
 #include "platform/paths.h"
 #include "platform/runtime_error.h"
 
-#include <QAbstractListModel>
-#include <QApplication>
-#include <QKeyEvent>
 #include <QStyle>
 #include <QStyledItemDelegate>
 
-#include <optional>
-
-class DirListModel : public QAbstractListModel
+/// Gives the folders their icons, and indents each below the one that holds it.
+class FolderDelegate : public QStyledItemDelegate
 {
 public:
-    using QAbstractListModel::QAbstractListModel;
+    explicit FolderDelegate(QWidget &list) : QStyledItemDelegate(&list), m_list(list) {}
 
-    int rowCount(const QModelIndex &parent = {}) const override
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
     {
-        return parent.isValid() ? 0 : static_cast<int>(opened.size() + subFolders().size());
+        constexpr int rowSpacing = 4; // pixels between two folders
+        return QStyledItemDelegate::sizeHint(option, index) + QSize(indent(index), rowSpacing);
     }
 
-    QVariant data(const QModelIndex &index, int role) const override
+    int openRow = 0; ///< the open folder; above it those down to it, below it its sub-folders
+
+protected:
+    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override
     {
-        if (role == Qt::DisplayRole) {
-            return isOpened(index) ? opened.at(index.row())
-                                   : subFolders().at(index.row() - opened.size());
-        }
-        if (role == Qt::DecorationRole) {
-            return QApplication::style()->standardIcon(isOpened(index) ? QStyle::SP_DirOpenIcon
-                                                                       : QStyle::SP_DirClosedIcon);
-        }
-        return {};
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->rect.adjust(indent(index), 0, 0, 0);
+        option->features |= QStyleOptionViewItem::HasDecoration;
+        option->icon = m_list.style()->standardIcon(
+            index.row() <= openRow ? QStyle::SP_DirOpenIcon : QStyle::SP_DirClosedIcon);
+        option->decorationSize = option->icon.actualSize(option->decorationSize);
     }
-
-    bool isOpened(const QModelIndex &index) const { return index.row() < opened.size(); }
-
-    qsizetype depth(const QModelIndex &index) const
-    {
-        return qMin<qsizetype>(index.row(), opened.size());
-    }
-
-    void open(const QString &folder, const QStringList &levels)
-    {
-        beginResetModel();
-        m_folder = folder;
-        m_subFolders.reset();
-        opened = levels;
-        endResetModel();
-    }
-
-    QStringList opened; ///< the drive's root and the folders down to the open one
 
 private:
-    /// Read at the first call: a directory of thousands that nobody looks at costs nothing. One
-    /// that cannot be read any more shows as empty.
-    const QStringList &subFolders() const
+    int indent(const QModelIndex &index) const
     {
-        if (!m_subFolders) {
-            try {
-                m_subFolders = files::subFolders(m_folder);
-            } catch (const RuntimeError &) {
-                m_subFolders = QStringList();
-            }
-        }
-        return *m_subFolders;
+        return qMin(index.row(), openRow + 1) * m_list.fontMetrics().height() * 2 / 3;
     }
 
-    QString m_folder;
-    mutable std::optional<QStringList> m_subFolders;
+    const QWidget &m_list;
 };
 
 namespace
 {
-
-constexpr int rowSpacing = 4; // pixels between two folders
-
-class IndentingDelegate : public QStyledItemDelegate
-{
-public:
-    IndentingDelegate(const DirListModel &model, QObject *parent)
-        : QStyledItemDelegate(parent), m_model(model)
-    {
-    }
-
-    void paint(QPainter *painter, const QStyleOptionViewItem &option,
-               const QModelIndex &index) const override
-    {
-        QStyleOptionViewItem indented = option;
-        indented.rect.adjust(indent(option, index), 0, 0, 0);
-        QStyledItemDelegate::paint(painter, indented, index);
-    }
-
-    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
-    {
-        return QStyledItemDelegate::sizeHint(option, index) +
-               QSize(indent(option, index), rowSpacing);
-    }
-
-private:
-    int indent(const QStyleOptionViewItem &option, const QModelIndex &index) const
-    {
-        return static_cast<int>(m_model.depth(index)) * option.fontMetrics.height() * 2 / 3;
-    }
-
-    const DirListModel &m_model;
-};
-
-/// "C:\FS9\Aircraft" as "C:\", "FS9", "Aircraft".
-QStringList levels(const QString &path)
-{
-    QStringList parts = path.split('\\', Qt::SkipEmptyParts);
-    parts[0] += '\\';
-    return parts;
-}
 
 /// One spelling for each folder: no doubled backslash, none at the end but a drive's own.
 QString normalized(const QString &path)
@@ -127,67 +55,60 @@ QString normalized(const QString &path)
     return parts.size() == 1 ? parts.first() + '\\' : parts.join('\\');
 }
 
-} // namespace
-
-DirListBox::DirListBox(QWidget *parent) : QListView(parent), m_model(new DirListModel(this))
+/// One that cannot be read any more shows as empty.
+QStringList subFolders(const QString &folder)
 {
-    setModel(m_model);
-    setItemDelegate(new IndentingDelegate(*m_model, this));
-    setEditTriggers(QAbstractItemView::NoEditTriggers);
-    setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-    connect(this, &QListView::doubleClicked, this, &DirListBox::openEntry);
-    open(paths::currentDirectory());
-}
-
-void DirListBox::setPath(const QString &path)
-{
-    const QString folder = normalized(path);
-    files::requireFolder(folder);
-    if (folder.compare(m_path, Qt::CaseInsensitive) != 0) {
-        open(folder);
-        Q_EMIT pathChanged();
+    try {
+        return files::subFolders(folder);
+    } catch (const RuntimeError &) {
+        return {};
     }
 }
 
-void DirListBox::refresh()
+} // namespace
+
+DirListBox::DirListBox(QWidget *parent) : ListBox(parent), m_delegate(new FolderDelegate(*this))
 {
-    open(m_path);
+    setItemDelegate(m_delegate);
+    setUniformItemSizes(false);
+    connect(this, &ListBox::entryDoubleClicked, this, &DirListBox::chooseEntry);
+    open(paths::currentDirectory());
+}
+
+bool DirListBox::setPath(const QString &path)
+{
+    const QString folder = normalized(path);
+    files::requireFolder(folder);
+    if (m_pointed && folder.compare(m_path, Qt::CaseInsensitive) == 0) {
+        return false;
+    }
+    m_pointed = true;
+    open(folder);
+    return true;
 }
 
 void DirListBox::open(const QString &folder)
 {
     m_path = folder;
-    m_model->open(folder, levels(folder));
+    QStringList entries = folder.split('\\', Qt::SkipEmptyParts);
+    entries[0] += '\\';
+    m_delegate->openRow = static_cast<int>(entries.size()) - 1;
+    // A directory of thousands that nobody looks at costs nothing.
+    setItems(isVisible() ? entries + subFolders(folder) : entries);
     if (isVisible()) {
-        setCurrentIndex(m_model->index(static_cast<int>(m_model->opened.size()) - 1));
+        setListIndex(m_delegate->openRow);
     }
 }
 
 void DirListBox::showEvent(QShowEvent *event)
 {
-    QListView::showEvent(event);
-    setCurrentIndex(m_model->index(static_cast<int>(m_model->opened.size()) - 1));
+    ListBox::showEvent(event);
+    refresh();
 }
 
-void DirListBox::openEntry(const QModelIndex &entry)
+void DirListBox::chooseEntry()
 {
-    const QString folder =
-        m_model->isOpened(entry)
-            ? m_model->opened.first(entry.row() + 1).join('\\').replace("\\\\", "\\")
-            : paths::join(m_path, entry.data().toString());
-    try {
-        setPath(folder);
-    } catch (const RuntimeError &error) {
-        Q_EMIT openFailed(error, folder);
-    }
-}
-
-void DirListBox::keyPressEvent(QKeyEvent *event)
-{
-    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (enter && currentIndex().isValid()) {
-        openEntry(currentIndex());
-        return;
-    }
-    QListView::keyPressEvent(event);
+    Q_EMIT folderChosen(listIndex() <= m_delegate->openRow
+                            ? items().first(listIndex() + 1).join('\\').replace("\\\\", "\\")
+                            : paths::join(m_path, text(listIndex())));
 }

@@ -2,14 +2,13 @@
 // The classic directory list: the open folder's path from the root down, then its sub-folders.
 #pragma once
 
-#include <QListView>
+#include "platform/controls/list_box.h"
 
-class DirListModel;
-class RuntimeError;
+class FolderDelegate;
 
-/// A click only points at a folder; a double-click or Enter opens it, and only opening changes the
-/// path and fires pathChanged.
-class DirListBox : public QListView
+/// A click only points at a folder; a double-click or Enter chooses it, and whoever listens opens
+/// it with setPath, which itself tells nobody.
+class DirListBox : public ListBox
 {
     Q_OBJECT
 
@@ -19,26 +18,25 @@ public:
     /// The open folder, without a backslash at its end unless it is a drive's root.
     const QString &path() const { return m_path; }
 
-    /// Opens a folder; fires pathChanged when it is another one than before (blind to case).
-    /// Throws RuntimeError: Path not found (76), Path/File access error (75); the path stays then.
-    void setPath(const QString &path);
+    /// Opens a folder. Returns whether it is another one than before (blind to case); the first one
+    /// always is, for nobody has chosen the current directory, where the box begins. Throws
+    /// RuntimeError: Path not found (76), Path/File access error (75); the path stays then.
+    bool setPath(const QString &path);
 
     /// Has the sub-folders read again.
-    void refresh();
+    void refresh() { open(m_path); }
 
 Q_SIGNALS:
-    void pathChanged();
-    /// The user opened a folder that cannot be read.
-    void openFailed(const RuntimeError &error, const QString &folder);
+    void folderChosen(const QString &folder); ///< by the user
 
 protected:
-    void keyPressEvent(QKeyEvent *event) override;
     void showEvent(QShowEvent *event) override;
 
 private:
     void open(const QString &folder);
-    void openEntry(const QModelIndex &entry);
+    void chooseEntry();
 
-    DirListModel *m_model;
+    FolderDelegate *m_delegate;
     QString m_path;
+    bool m_pointed = false; ///< at a folder, since the beginning
 };

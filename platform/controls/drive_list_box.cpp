@@ -2,7 +2,6 @@
 #include "platform/controls/drive_list_box.h"
 
 #include "platform/paths.h"
-#include "platform/runtime_error.h"
 
 #include <QSignalBlocker>
 
@@ -10,28 +9,14 @@ DriveListBox::DriveListBox(QWidget *parent) : QComboBox(parent)
 {
     addItems(paths::drives());
     showDrive(paths::currentDirectory());
-    connect(this, &QComboBox::currentIndexChanged, this, &DriveListBox::driveChanged);
 }
 
-QString DriveListBox::drive() const
-{
-    return currentText();
-}
-
-void DriveListBox::setDrive(const QString &drive)
-{
-    const int index = drive.isEmpty() ? -1 : findText(drive.first(1) + ':', Qt::MatchFixedString);
-    if (index < 0) {
-        throw RuntimeError(ErrorNumber::DeviceUnavailable);
-    }
-    setCurrentIndex(index);
-}
-
-void DriveListBox::showDrive(const QString &path)
+bool DriveListBox::showDrive(const QString &path)
 {
     const QSignalBlocker blocker(this);
     const int index = findText(path.left(1) + ':', Qt::MatchFixedString);
     if (index >= 0) {
         setCurrentIndex(index);
     }
+    return index >= 0;
 }

@@ -4,6 +4,7 @@
 
 #include <QComboBox>
 
+/// Only its user makes it fire currentTextChanged, with the drive.
 class DriveListBox : public QComboBox
 {
     Q_OBJECT
@@ -11,15 +12,9 @@ class DriveListBox : public QComboBox
 public:
     explicit DriveListBox(QWidget *parent = nullptr);
 
-    QString drive() const; ///< "c:", empty when there are no drives
+    QString drive() const { return currentText(); } ///< "c:", empty when there are no drives
 
-    /// Chooses a drive by the first letter of a text, as "C:\" or "c:", and fires driveChanged when
-    /// it was another one. Throws RuntimeError: Device unavailable (68).
-    void setDrive(const QString &drive);
-
-    /// Shows the drive of a path without firing; a drive there is not changes nothing.
-    void showDrive(const QString &path);
-
-Q_SIGNALS:
-    void driveChanged();
+    /// Shows a drive by the first letter of a text, as "C:\FS9" or "c:", and returns whether there
+    /// is such a drive; one there is not changes nothing.
+    bool showDrive(const QString &path);
 };

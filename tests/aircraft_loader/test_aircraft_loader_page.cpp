@@ -197,7 +197,7 @@ void TestAircraftLoaderPage::captionGoesByTheFirstAircraftOfTheWholePath()
     AircraftLoaderDriver user;
     user.sandbox.write("C:\\Aircraft Sets\\aircraft.txt", anyTextFile + "\r\nshort\r\n");
     user.open();
-    user.window->openDirectory(AircraftLoaderDriver::aircraftDir);
+    user.window->showDirectory(AircraftLoaderDriver::aircraftDir);
     user.chooseTextFile("C:\\Aircraft Sets\\aircraft.txt");
     QCOMPARE(user.label("Tab0Label2"),
              QString("Existing AI Aircraft in Aircraft Sets\\aircraft.txt: 1"));
@@ -677,7 +677,7 @@ void TestAircraftLoaderPage::markupInTitlesAndPathsIsTextLikeAnyOther()
                        "[fltsim.0]\r\ntitle=<b>Bold</b> & Co\r\ncruise_speed=7\r\n");
     user.sandbox.write("C:\\T&T\\Aircraft_&.txt", "AC#1,7,\"<i>&amp;</i>\"\r\n");
     user.open();
-    user.window->openDirectory(directory);
+    user.window->showDirectory(directory);
     user.chooseTextFile("C:\\T&T\\Aircraft_&.txt");
     QCOMPARE(user.label("lblFSPath"), directory);
     QCOMPARE(user.label("lblAircraftTextFile"), QString("C:\\T&T\\Aircraft_&.txt"));

@@ -3,6 +3,7 @@
 #include "platform/controls/drive_list_box.h"
 #include "platform/controls/file_list_box.h"
 #include "tests/support/aircraft_loader_driver.h"
+#include "tests/support/failure.h"
 
 #include <QGroupBox>
 #include <QPushButton>
@@ -88,12 +89,13 @@ private Q_SLOTS:
     void oneClickOpensNothing();
     void everyFolderEndingInOneOfTheWordsIsAccepted_data();
     void everyFolderEndingInOneOfTheWordsIsAccepted();
-    void acceptedDirectoryBecomesTheDirectoryInUse();
+    void acceptedDirectoryIsShownAndTold();
     void otherDirectoryChangesNothingButHidesTheList();
     void everyChoiceOfADirectoryAsksForTheTextFileAgain();
     void directoryThatCannotBeOpenedIsReported();
-    void directoryOfAnotherPageIsTakenOver();
-    void directoryOfAnotherPageThatIsGoneIsReported();
+    void directoryFromElsewhereIsShownAndNotTold();
+    void directoryThatIsShownAlreadyKeepsTheTextFile();
+    void directoryThatIsGoneIsShownAndRefused();
     void directoryIsAskedForWhileThereIsNone();
     void driveChangePointsThePickerAtTheDrive();
     void driveThatIsNotReadyIsReported();
@@ -144,7 +146,7 @@ void TestChoosingFiles::browsingShowsTheDriveOfTheOpenFolder()
     QVERIFY(QFile::link(user.sandbox.host("C:\\FSX"), user.sandbox.prefix() + "/dosdevices/d:"));
     user.open();
     QCOMPARE(user.find<DriveListBox>("Drive1")->drive(), QString("c:"));
-    user.window->openDirectory("D:\\Airplanes");
+    user.window->showDirectory("D:\\Airplanes");
     user.press("cmdBrowseFSPath");
     QCOMPARE(user.find<DriveListBox>("Drive1")->drive(), QString("d:"));
     QCOMPARE(user.find<DirListBox>("Dir1")->path(), QString("D:\\Airplanes"));
@@ -220,14 +222,13 @@ void TestChoosingFiles::everyFolderEndingInOneOfTheWordsIsAccepted()
     QVERIFY(!user.isShown("frmDriveDialog"));
 }
 
-void TestChoosingFiles::acceptedDirectoryBecomesTheDirectoryInUse()
+void TestChoosingFiles::acceptedDirectoryIsShownAndTold()
 {
     ChoosingPage user;
     user.sandbox.write("C:\\FS9\\Aircraft\\aircraft.cfg", "");
     user.open();
     QSignalSpy chosen(user.window.get(), &AircraftLoaderPage::directoryChosen);
     user.browseTo({"FS9", "Aircraft"});
-    QCOMPARE(user.services.state.AirCraftDir, QString("C:\\FS9\\Aircraft"));
     QCOMPARE(user.window->shownDirectory(), QString("C:\\FS9\\Aircraft"));
     QCOMPARE(chosen.count(), 1);
     QCOMPARE(chosen[0][0].toString(), QString("C:\\FS9\\Aircraft"));
@@ -239,10 +240,9 @@ void TestChoosingFiles::otherDirectoryChangesNothingButHidesTheList()
 {
     ChosenPage user;
     QSignalSpy chosen(user.window.get(), &AircraftLoaderPage::directoryChosen);
-    user.window->openDirectory("C:\\FSX\\Scenery");
+    user.browseTo({"FSX", "Scenery"});
     QVERIFY(!user.isShown("Tab0List2"));
     QCOMPARE(user.label("lblFSPath"), QString("C:\\FS9\\Aircraft"));
-    QCOMPARE(user.services.state.AirCraftDir, QString("C:\\FS9\\Aircraft"));
     QVERIFY(user.showsTextFile(AircraftLoaderDriver::textFile));
     QCOMPARE(user.available(), QStringList{"Boeing 477"});
     QCOMPARE(user.existing().size(), 1);
@@ -283,26 +283,44 @@ void TestChoosingFiles::directoryThatCannotBeOpenedIsReported()
     QVERIFY(user.isShown("frmDriveDialog"));
 }
 
-void TestChoosingFiles::directoryOfAnotherPageIsTakenOver()
+void TestChoosingFiles::directoryFromElsewhereIsShownAndNotTold()
 {
     ChosenPage user;
-    user.window->followDirectory("C:\\FSX\\Airplanes");
+    const QSignalSpy chosen(user.window.get(), &AircraftLoaderPage::directoryChosen);
+    user.press("cmdBrowseFSPath");
+    user.window->showDirectory("C:\\FSX\\Airplanes\\");
     QCOMPARE(user.label("lblFSPath"), QString("C:\\FSX\\Airplanes"));
-    QCOMPARE(user.services.state.AirCraftDir, QString("C:\\FSX\\Airplanes"));
+    QCOMPARE(user.find<DirListBox>("Dir1")->path(), QString("C:\\FSX\\Airplanes"));
+    QVERIFY(!user.isShown("frmDriveDialog"));
     QVERIFY(user.asksForTextFile());
     QVERIFY(!user.isEnabled("cmdTtools"));
     QVERIFY(!user.isEnabled("cmdEdit"));
     QCOMPARE(user.available(), QStringList());
+    QCOMPARE(chosen.count(), 0);
 }
 
-void TestChoosingFiles::directoryOfAnotherPageThatIsGoneIsReported()
+void TestChoosingFiles::directoryThatIsShownAlreadyKeepsTheTextFile()
 {
     ChosenPage user;
-    user.window->followDirectory("C:\\Gone\\Aircraft");
-    QCOMPARE(user.messages(),
-             QStringList{"Exclamation, Directory Select Error: Error  76 Path not found"
-                         "\rSet path to C:\\Gone\\Aircraft"});
-    QCOMPARE(user.label("lblFSPath"), QString("C:\\FS9\\Aircraft"));
+    user.window->showDirectory("");
+    user.window->showDirectory(AircraftLoaderDriver::aircraftDir);
+    QCOMPARE(user.label("lblFSPath"), AircraftLoaderDriver::aircraftDir);
+    QVERIFY(user.showsTextFile(AircraftLoaderDriver::textFile));
+    QVERIFY(user.isEnabled("cmdEdit"));
+
+    user.browseTo({"FSX"}); // the picker went elsewhere meanwhile
+    user.window->showDirectory(AircraftLoaderDriver::aircraftDir);
+    QVERIFY(user.asksForTextFile());
+    QVERIFY(!user.isEnabled("cmdEdit"));
+}
+
+void TestChoosingFiles::directoryThatIsGoneIsShownAndRefused()
+{
+    ChosenPage user;
+    QCOMPARE(failureOf([&] { user.window->showDirectory("C:\\Gone\\Aircraft"); }),
+             QString("76 Path not found"));
+    QCOMPARE(user.label("lblFSPath"), QString("C:\\Gone\\Aircraft"));
+    QCOMPARE(user.find<DirListBox>("Dir1")->path(), AircraftLoaderDriver::aircraftDir);
 }
 
 void TestChoosingFiles::directoryIsAskedForWhileThereIsNone()
@@ -401,7 +419,6 @@ void TestChoosingFiles::closeButtonRejectsAnyOtherFolder()
     QVERIFY(!user.isEnabled("cmdEdit"));
     QVERIFY(!user.isShown("frmDriveDialog"));
     QVERIFY(user.isShown("Tab0List2"));
-    QCOMPARE(user.services.state.AirCraftDir, QString("C:\\FS9\\Aircraft"));
 }
 
 void TestChoosingFiles::simulatorVersionDecidesWhichTextFilesAreOffered()

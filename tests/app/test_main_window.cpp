@@ -71,6 +71,7 @@ private Q_SLOTS:
     void helpLinksOpenTheirPages();
     void helpChangesToTheProgramFolderFirst();
     void aboutShowsNameAndVersion();
+    void directoryChosenOnPage0IsListedOnPage3();
     void directoryChosenOnPage3IsTakenOverByPage0();
     void directoryOfPage3IsTakenOverWherePage0StandsAlready();
     void changedAircraftPointsPage0AtNoFolder();
@@ -388,7 +389,8 @@ void TestMainWindow::nextStartComesBackToTheSamePlace()
     program.sandbox.makeFolder("C:\\Other\\Aircraft");
     program.sandbox.write("C:\\Sets\\aircraft_2.txt", "AC#1,100,\"Other One\"\r\n");
     program.start();
-    program.find<DirListBox>("Dir1")->setPath("C:\\Other\\Aircraft");
+    Q_EMIT program.find<DirListBox>("Dir1")->folderChosen("C:\\Other\\Aircraft");
+    QCOMPARE(program.find<DirListBox>("Tab3Dir1")->path(), QString("C:\\Other\\Aircraft"));
     program.outside.dialogs.files = {"C:\\Sets\\aircraft_2.txt"};
     program.find<QPushButton>("cmdBrowseText")->click();
     program.find<QTabWidget>("SSTab1")->setCurrentIndex(3);
@@ -576,14 +578,38 @@ void TestMainWindow::aboutShowsNameAndVersion()
     QCOMPARE(system, "Operating system: " + program.window->state().osVersion);
 }
 
+void TestMainWindow::directoryChosenOnPage0IsListedOnPage3()
+{
+    Program program;
+    const QString directory = "C:\\Other\\Aircraft";
+    for (const char *name : {"\\A", "\\B"}) {
+        program.sandbox.write(directory + name + "\\aircraft.cfg",
+                              "title=A\r\nui_manufacturer=B\r\nui_type=C\r\nui_variation=D\r\n");
+    }
+    program.rememberUsualRun();
+    program.start();
+    auto *const picker = program.find<DirListBox>("Dir1");
+    auto *const list = program.find<ListBox>("Tab3List3");
+    Q_EMIT picker->folderChosen(directory);
+    QCOMPARE(program.window->state().AirCraftDir, directory);
+    QCOMPARE(list->count(), 2);
+    QCOMPARE(list->listIndex(), 0);
+    list->setListIndex(1);
+    Q_EMIT picker->folderChosen("C:\\Other");
+    Q_EMIT picker->folderChosen(directory); // page 3 is there already
+    QCOMPARE(list->listIndex(), 0);
+}
+
 void TestMainWindow::directoryChosenOnPage3IsTakenOverByPage0()
 {
     Program program;
     program.sandbox.makeFolder("C:\\Other\\Aircraft");
     program.rememberUsualRun();
     program.start();
-    program.find<DirListBox>("Tab3Dir1")->setPath("C:\\Other\\Aircraft");
+    Q_EMIT program.find<DirListBox>("Tab3Dir1")->folderChosen("C:\\Other\\Aircraft");
     QCOMPARE(program.label("lblFSPath"), QString("C:\\Other\\Aircraft"));
+    QCOMPARE(program.find<DirListBox>("Dir1")->path(), QString("C:\\Other\\Aircraft"));
+    QCOMPARE(program.window->state().AirCraftDir, QString("C:\\Other\\Aircraft"));
     QCOMPARE(program.label("lblAircraftTextFile"), QString("Please select an Aircraft Text File"));
     QVERIFY(!program.find<QPushButton>("cmdEdit")->isEnabled());
     QVERIFY(!program.find<QPushButton>("cmdTtools")->isEnabled());
@@ -597,12 +623,18 @@ void TestMainWindow::directoryOfPage3IsTakenOverWherePage0StandsAlready()
     program.rememberUsualRun();
     program.start();
     auto *const picker = program.find<DirListBox>("Tab3Dir1");
-    picker->setPath("C:\\FSX\\Airplanes");
+    Q_EMIT picker->folderChosen("C:\\FSX\\Airplanes");
     program.find<QPushButton>("Command1")->click(); // wants a folder named Aircraft
     QCOMPARE(program.label("lblFSPath"), QString());
-    picker->setPath("C:\\FSX");
-    picker->setPath("C:\\FSX\\Airplanes");
+    Q_EMIT picker->folderChosen("C:\\FSX");
+    Q_EMIT picker->folderChosen("C:\\FSX\\Airplanes");
     QCOMPARE(program.label("lblFSPath"), QString("C:\\FSX\\Airplanes"));
+    program.outside.dialogs.files = {Program::textFile};
+    program.find<QPushButton>("cmdBrowseText")->click();
+    QVERIFY(program.find<QPushButton>("cmdEdit")->isEnabled());
+    Q_EMIT picker->folderChosen("C:\\FSX");
+    Q_EMIT picker->folderChosen("C:\\FSX\\Airplanes");
+    QVERIFY(!program.find<QPushButton>("cmdEdit")->isEnabled());
 }
 
 void TestMainWindow::changedAircraftPointsPage0AtNoFolder()

@@ -244,12 +244,12 @@ void TestSetAcrossPages::anotherDirectoryMeanwhileKeepsTheSetsFile()
                           "[fltsim.0]\r\ntitle=Cessna\r\ncruise_speed=120\r\n");
     program.createAirports();
     program.createAircraft();
-    program.find<DirListBox>("Dir1")->setPath("C:\\Other\\Aircraft");
+    Q_EMIT program.find<DirListBox>("Dir1")->folderChosen("C:\\Other\\Aircraft");
     QCOMPARE(program.label("lblAircraftTextFile"), program.aircraft);
     QCOMPARE(program.find<ListBox>("Tab0List2")->items(), QStringList{"Cessna 120"});
 
     program.press("tab2cmdCancel");
-    program.find<DirListBox>("Dir1")->setPath(Program::aircraftDir);
+    Q_EMIT program.find<DirListBox>("Dir1")->folderChosen(Program::aircraftDir);
     QCOMPARE(program.label("lblAircraftTextFile"), QString("Please select an Aircraft Text File"));
 }
 

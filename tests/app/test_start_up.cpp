@@ -76,6 +76,7 @@ private Q_SLOTS:
     void registeredFolderThatIsGoneIsReported();
     void neitherSimulatorLeavesTheLabelEmptyAndThePickersAlone();
     void simulatorXGivesAirplanes();
+    void registeredFolderMayEndInABackslash();
     void emptyFs9ValueFallsThroughToSimulatorX();
     void versionOptionsSearchAgainAndSwitchTheHint();
     void focusIsOnBrowseText();
@@ -553,6 +554,14 @@ void TestStartUp::simulatorXGivesAirplanes()
     program.start();
     QCOMPARE(program.label("lblFSPath"), QString("C:\\Microsoft FLIGHT simulator x\\Airplanes"));
     QCOMPARE(program.find<DriveListBox>("Tab3Drive1")->drive(), QString("c:"));
+}
+
+void TestStartUp::registeredFolderMayEndInABackslash()
+{
+    Program program;
+    program.outside.registry.installFs9("C:\\FS9\\");
+    program.start();
+    QCOMPARE(program.window->state().AirCraftDir, Program::aircraftDir);
 }
 
 void TestStartUp::emptyFs9ValueFallsThroughToSimulatorX()

@@ -49,7 +49,13 @@ struct Editor : PageDriver<ConfigEditorPage> {
         sandbox.write(directory + '\\' + path + "\\panel.cfg", bytes);
     }
 
-    void start() const { window->openDirectory(directory); }
+    void start() const { choose(directory); }
+
+    /// Opens a folder in the picker.
+    void choose(const QString &folder) const
+    {
+        Q_EMIT find<DirListBox>("Tab3Dir1")->folderChosen(folder);
+    }
 
     void select(int entry) const { list("Tab3List3")->setListIndex(entry); }
 
@@ -89,6 +95,7 @@ private Q_SLOTS:
     void otherDirectoryAsksForOneAndDisablesEditAndDump();
     void acceptedDirectoryIsListedAndTold_data();
     void acceptedDirectoryIsListedAndTold();
+    void directoryFromElsewhereIsListedAndNotTold();
     void currentDirectoryIsListedToo();
     void combatDirectoryCountsFoldersWithAConfigurationOnly();
     void emptyDirectoryHidesTheEditing();
@@ -189,7 +196,7 @@ void TestConfigEditorPage::otherDirectoryAsksForOneAndDisablesEditAndDump()
     editor.add("b58");
     editor.start();
     const QSignalSpy chosen(editor.window.get(), &ConfigEditorPage::directoryChosen);
-    editor.window->openDirectory("C:\\FS9");
+    editor.choose("C:\\FS9");
     QCOMPARE(editor.items("Tab3List3"), QStringList{prompt});
     QCOMPARE(editor.items("Tab3List7"), QStringList());
     QVERIFY(editor.isShown("Tab3cmdedit")); // no word on what the directory holds
@@ -233,6 +240,24 @@ void TestConfigEditorPage::acceptedDirectoryIsListedAndTold()
     QCOMPARE(editor.messages(), QStringList());
 }
 
+void TestConfigEditorPage::directoryFromElsewhereIsListedAndNotTold()
+{
+    const Editor editor;
+    editor.add("a");
+    editor.add("b");
+    const QSignalSpy chosen(editor.window.get(), &ConfigEditorPage::directoryChosen);
+    editor.window->showDirectory(editor.directory + '\\');
+    QCOMPARE(editor.window->directory(), editor.directory);
+    QCOMPARE(editor.items("Tab3List3").size(), 2);
+    QCOMPARE(editor.list("Tab3List3")->listIndex(), 0);
+    editor.select(1);
+    editor.add("c");
+    editor.window->showDirectory(editor.directory); // is there already
+    QCOMPARE(editor.items("Tab3List3").size(), 2);
+    QCOMPARE(editor.list("Tab3List3")->listIndex(), 1);
+    QCOMPARE(chosen.count(), 0);
+}
+
 void TestConfigEditorPage::currentDirectoryIsListedToo()
 {
     Editor editor;
@@ -262,7 +287,7 @@ void TestConfigEditorPage::emptyDirectoryHidesTheEditing()
     }
     editor.sandbox.makeFolder("C:\\Other\\Aircraft");
     editor.sandbox.write("C:\\Other\\Aircraft\\x\\aircraft.cfg", "");
-    editor.window->openDirectory("C:\\Other\\Aircraft");
+    editor.window->showDirectory("C:\\Other\\Aircraft");
     QCOMPARE(editor.items("Tab3List2"), QStringList{"x"});
     for (const char *name : {"Tab3optAircraft", "Tab3optPanel", "Tab3cmdedit"}) {
         QVERIFY(editor.isShown(name));
@@ -287,6 +312,10 @@ void TestConfigEditorPage::driveLeadsTheFolderPicker()
     editor.window->setDrive("z:");
     QCOMPARE(editor.find<DirListBox>("Tab3Dir1")->path(), QString("z:\\"));
     QCOMPARE(editor.items("Tab3List3"), QStringList{prompt});
+    editor.window->showDirectory(editor.directory);
+    QCOMPARE(editor.window->drive(), QString("c:"));
+    QTest::keyClick(editor.find<DriveListBox>("Tab3Drive1"), Qt::Key_Down); // the user's choice
+    QCOMPARE(editor.find<DirListBox>("Tab3Dir1")->path(), QString("z:\\"));
     editor.start();
     QCOMPARE(editor.window->drive(), QString("c:"));
     QCOMPARE(failureOf([&] { editor.window->setDrive("q:"); }), QString("68 Device unavailable"));

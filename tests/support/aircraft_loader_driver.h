@@ -54,7 +54,7 @@ public:
     void start()
     {
         open();
-        window->openDirectory(aircraftDir);
+        window->showDirectory(aircraftDir);
         chooseTextFile(textFile);
     }
 
