@@ -18,8 +18,8 @@ class TextFileChoice : public QObject
 public:
     TextFileChoice(Ui::AircraftLoaderPage &ui, Services &services, QObject *parent);
 
-    /// Shows the prompt, and disables Edit and Run TTools. The file in use stays it until another
-    /// one is: for the settings, and for a set that goes on with it.
+    /// Shows the prompt, and disables Edit and Run TTools. The file in use stays in use until
+    /// another one is: for the settings, and for a set that goes on with it.
     void ask();
 
     /// Shows a file and makes it the one in use.

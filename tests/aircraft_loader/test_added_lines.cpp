@@ -56,7 +56,7 @@ void TestAddedLines::linesAreNumberedOnBelowOneComment()
 {
     Addition addition(3, 9);
     QCOMPARE(addition.add("Boeing 250"), comment + "AC#10,250,\"Boeing\"\r\n");
-    QCOMPARE(addition.steps.state.ErrMsg, QString("Numbering Boeing"));
+    QCOMPARE(addition.steps.ErrMsg, QString("Numbering Boeing"));
     QCOMPARE(addition.add("Airbus 454"), QString("AC#11,454,\"Airbus\"\r\n"));
 }
 

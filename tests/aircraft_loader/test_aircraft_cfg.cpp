@@ -309,7 +309,7 @@ void TestAircraftCfg::pathWithCslInAnyCaseIsNotEvenOpened()
     cfg.CheckFile(folder, steps.step);
     QVERIFY(!cfg.HaveData);
     QCOMPARE(cfg.AircraftTitles, QStringList());
-    QCOMPARE(steps.state.ErrMsg, QString("Get Aircraft Name"));
+    QCOMPARE(steps.ErrMsg, QString("Get Aircraft Name"));
 }
 
 void TestAircraftCfg::emptyFileLeavesHaveDataAsItWas()
@@ -380,7 +380,7 @@ void TestAircraftCfg::fileThatIsReadEndsInTheReadingStep()
     AvailableAircraft cfg;
     Steps steps;
     cfg.CheckFile(folderWith(usualFile), steps.step);
-    QCOMPARE(steps.state.ErrMsg,
+    QCOMPARE(steps.ErrMsg,
              QString("Get Aircraft Data in\rC:\\FS9\\Aircraft\\B734\\aircraft.cfg"));
 }
 

@@ -54,7 +54,7 @@ struct Walk {
                 const QString failure =
                     steps.failureOf([&](Step &own) { available.take(*folder, layout, own); });
                 failures += failure.isEmpty() ? QStringList() : QStringList{failure};
-                stepsBehind += steps.state.ErrMsg;
+                stepsBehind += steps.ErrMsg;
             }
         });
     }
@@ -63,7 +63,7 @@ struct Walk {
     AircraftFolders aircraftFolders;
     AvailableAircraft available;
     Steps steps;
-    const QString &step = steps.state.ErrMsg;
+    const QString &step = steps.ErrMsg;
     QList<int> reached;
     QStringList stepsBehind; ///< the step when each folder was done
     QStringList failures;

@@ -193,7 +193,7 @@ void TestAircraftCatalogue::folderThatIsGoneEndsTheWalk()
     walk.add("c", fourKeys);
     walk.beforeFirst = [&] { QVERIFY(QDir(walk.host("b")).removeRecursively()); };
     QCOMPARE(failureOf([&] { walk.run(); }), QString("76 Path not found"));
-    QCOMPARE(walk.steps.state.ErrMsg, QString("Set path to C:\\FS9\\Aircraft\\b"));
+    QCOMPARE(walk.steps.ErrMsg, QString("Set path to C:\\FS9\\Aircraft\\b"));
     QCOMPARE(walk.catalogue.cfgFiles, QStringList{"C:\\FS9\\Aircraft\\a\\aircraft.cfg"});
 }
 

@@ -43,7 +43,7 @@ struct Aircraft {
         beforeFirst();
         while (const AircraftFolder *folder = walk.next(steps.step)) {
             reached += walk.index();
-            stepsBehind += steps.state.ErrMsg;
+            stepsBehind += steps.ErrMsg;
             if (!folder->cfgFile.isEmpty()) {
                 told += folder->name + ": " + folder->traffic.titles.join('+') + ", " +
                         folder->editor.displayName;
@@ -131,7 +131,7 @@ void TestAircraftFolders::folderThatIsGoneEndsTheWalk()
     aircraft.beforeFirst = [&] { QVERIFY(QDir(aircraft.host("B")).removeRecursively()); };
     QCOMPARE(failureOf([&] { aircraft.walk(Content::Traffic); }), QString("76 Path not found"));
     QCOMPARE(aircraft.reached, QList<int>{0});
-    QCOMPARE(aircraft.steps.state.ErrMsg, QString("Set path to C:\\FS9\\Aircraft\\B"));
+    QCOMPARE(aircraft.steps.ErrMsg, QString("Set path to C:\\FS9\\Aircraft\\B"));
 }
 
 void TestAircraftFolders::directoryThatIsGoneCannotBeWalked()
