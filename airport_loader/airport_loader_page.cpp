@@ -313,6 +313,7 @@ bool AirportLoaderPage::appendChosen(Step &step)
         ui->Tab1lblDragnDrop->hide();
     }
     ui->Tab1cmdReset->hide();
+    Progress progress(ui->Tab1ProgressBar1, ui->Tab1lstAICO->count());
     ui->Tab1ProgressBar1->show();
     const auto restore = qScopeGuard([&] {
         ui->Tab1ProgressBar1->hide();
@@ -333,7 +334,7 @@ bool AirportLoaderPage::appendChosen(Step &step)
             choices += choice;
         }
     }
-    ui->Tab1ListSort->setItems(linesOf(choices, step));
+    ui->Tab1ListSort->setItems(linesOf(choices, progress, step));
     const QStringList lines = ui->Tab1ListSort->items();
     ui->Tab1ListSort->clear();
     if (!lines.isEmpty()) {
@@ -344,14 +345,14 @@ bool AirportLoaderPage::appendChosen(Step &step)
     return !lines.isEmpty();
 }
 
-QStringList AirportLoaderPage::linesOf(const QList<AirportChoice> &choices, Step &step)
+QStringList AirportLoaderPage::linesOf(const QList<AirportChoice> &choices, Progress &progress,
+                                       Step &step)
 {
     if (choices.isEmpty()) {
         return {};
     }
     const QByteArray list = master_airport_list::OpenOCX(step);
     step.set("Input Data");
-    Progress progress(ui->Tab1ProgressBar1, ui->Tab1lstAICO->count());
     QStringList lines;
     for (const ChosenLine &chosen : airport_text_file::chosenLines(list, choices)) {
         progress.show(choices[chosen.choice].entry);

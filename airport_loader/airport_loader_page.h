@@ -8,6 +8,7 @@
 
 #include <memory>
 
+class Progress;
 class Step;
 struct FormState;
 struct Services;
@@ -72,7 +73,7 @@ private:
     int hiddenOffset() const;
     /// Appends the airports of all new choices. Returns whether there were any.
     bool appendChosen(Step &step);
-    QStringList linesOf(const QList<AirportChoice> &choices, Step &step);
+    QStringList linesOf(const QList<AirportChoice> &choices, Progress &progress, Step &step);
 
     Services &m_services;
     FormState &m_state;

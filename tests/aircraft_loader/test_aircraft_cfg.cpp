@@ -380,8 +380,7 @@ void TestAircraftCfg::fileThatIsReadEndsInTheReadingStep()
     AvailableAircraft cfg;
     Steps steps;
     cfg.CheckFile(folderWith(usualFile), steps.step);
-    QCOMPARE(steps.ErrMsg,
-             QString("Get Aircraft Data in\rC:\\FS9\\Aircraft\\B734\\aircraft.cfg"));
+    QCOMPARE(steps.ErrMsg, QString("Get Aircraft Data in\rC:\\FS9\\Aircraft\\B734\\aircraft.cfg"));
 }
 
 void TestAircraftCfg::headerAsLastLineIsPastTheEnd_data()

@@ -416,8 +416,8 @@ void TestMainWindow::lostLogLeavesPage3ItsAircraft()
     loseLog(program);
     program.addAircraft("C172", "Cessna", "124");
     auto *const picker = program.find<DirListBox>("Tab3Dir1");
-    picker->setPath("C:\\");
-    picker->setPath(Program::aircraftDir);
+    Q_EMIT picker->folderChosen("C:\\");
+    Q_EMIT picker->folderChosen(Program::aircraftDir);
     QVERIFY(isLossTold(program));
     QCOMPARE(program.find<ListBox>("Tab3List2")->items(), (QStringList{"A320", "B734", "C172"}));
 }
