@@ -5,20 +5,22 @@
 #include "app/services/step.h"
 #include "platform/basic.h"
 
+using namespace Qt::StringLiterals;
+
 QString AddedLines::linesFor(const QString &entry, const QDateTime &time, Step &step)
 {
     split(entry);
-    step.set("Numbering " + m_title);
+    step.set(u"Numbering "_s + m_title);
     m_file.AircraftCount = basic::add16(m_file.AircraftCount, 1);
     m_file.Number = basic::add16(m_file.Number, 1);
     QString lines;
     if (NoneAdded) {
         NoneAdded = false;
-        lines =
-            "//AI Aircraft Added " + basic::longDate(time) + ' ' + basic::clockTime(time) + "\r\n";
+        lines = u"//AI Aircraft Added "_s + basic::longDate(time) + u' ' + basic::clockTime(time) +
+                u"\r\n"_s;
     }
-    return lines + "AC#" + QString::number(m_file.Number) + ',' + Speed.mid(1) + ",\"" + m_title +
-           "\"\r\n";
+    return lines + u"AC#"_s + QString::number(m_file.Number) + u',' + Speed.mid(1) + u",\""_s +
+           m_title + u"\"\r\n"_s;
 }
 
 /// Looks for the blank before the speed among the four characters before the last one only: a speed
@@ -28,7 +30,7 @@ void AddedLines::split(const QString &entry)
     constexpr qsizetype positionsSearched = 4;
     for (qsizetype j = 1; j <= positionsSearched; ++j) {
         const qsizetype position = entry.size() - j;
-        if (basic::mid(entry, position, 1) == " ") {
+        if (basic::mid(entry, position, 1) == u" "_s) {
             Speed = basic::mid(entry, position, j + 1);
             m_title = entry.first(position - 1);
             return;

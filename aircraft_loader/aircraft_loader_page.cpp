@@ -22,13 +22,15 @@
 
 #include "ui_aircraft_loader_page.h"
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
-const QString allUsedNotice = QStringLiteral("All Available Aircraft have been used");
-const QString directoryErrorTitle = QStringLiteral("FlightSim Directory Error");
-const QString availableCaption = QStringLiteral("Available Aircraft: ");
-const QString existingCaption = QStringLiteral("Existing AI Aircraft: ");
+constexpr QLatin1StringView allUsedNotice = "All Available Aircraft have been used"_L1;
+constexpr QLatin1StringView directoryErrorTitle = "FlightSim Directory Error"_L1;
+constexpr QLatin1StringView availableCaption = "Available Aircraft: "_L1;
+constexpr QLatin1StringView existingCaption = "Existing AI Aircraft: "_L1;
 
 } // namespace
 
@@ -49,7 +51,7 @@ AircraftLoaderPage::AircraftLoaderPage(Services &services, const SetInProgress &
     connect(ui->cmdBrowseFSPath, &QPushButton::clicked, this, &Page::cmdBrowseFSPath_Click);
     connect(ui->Drive1, &QComboBox::currentTextChanged, this, &Page::Drive1_Change);
     connect(ui->Dir1, &DirListBox::folderChosen, this,
-            [this](const QString &folder) { openFolder(folder, "Directory Select Error"); });
+            [this](const QString &folder) { openFolder(folder, u"Directory Select Error"_s); });
     connect(ui->Command1, &QPushButton::clicked, this, &Page::Command1_Click);
     connect(m_textFile, &TextFileChoice::changed, this, &Page::textFileChanged);
     connect(m_textFile, &TextFileChoice::edited, this, &Page::LoadList);
@@ -75,16 +77,17 @@ void AircraftLoaderPage::ClearLists()
     ui->cmdAddAI->setEnabled(false);
     ui->Tab0Label1->setText(availableCaption);
     ui->Tab0Label2->setText(existingCaption);
-    ui->Tab0List2->setToolTip(" This list displays all Aircraft available for use as AI Aircraft ");
-    ui->Tab0List3->setToolTip(" This list displays all AI Aircraft presently in use ");
+    ui->Tab0List2->setToolTip(
+        u" This list displays all Aircraft available for use as AI Aircraft "_s);
+    ui->Tab0List3->setToolTip(u" This list displays all AI Aircraft presently in use "_s);
 }
 
 void AircraftLoaderPage::LoadList()
 {
     const WaitPointer pointer;
-    m_services.errors.run("LoadList Error", [this](Step &step) {
+    m_services.errors.run(u"LoadList Error"_s, [this](Step &step) {
         const auto show = qScopeGuard([this] { showLists(true); });
-        m_services.log.write(TraceLog::banner("LoadList Function Started"));
+        m_services.log.write(TraceLog::banner(u"LoadList Function Started"_s));
         ClearLists();
         ui->File1->clearFileName();
         showLists(false);
@@ -92,35 +95,36 @@ void AircraftLoaderPage::LoadList()
         walkFolders();
         ui->Tab0List2->setListIndex(0);
         ListLoaded = true;
-        step.set("Find Available AI");
+        step.set(u"Find Available AI"_s);
         FindAvailableAI();
         if (ui->Tab0List2->count() > 0) {
             ui->optFrame->setEnabled(true);
             unsetOptions({ui->optAll, ui->optClear});
         }
         ui->Tab0Label1->setText(availableCaption + QString::number(ui->Tab0List2->count()));
-        ui->Tab0List2->setToolTip(" Check the Aircraft you with to add to the Aircraft text file ");
-        ui->Tab0List3->setToolTip(" Double Click to edit the Aircraft text file ");
-        m_services.log.write(TraceLog::banner("LoadList Function Completed"));
+        ui->Tab0List2->setToolTip(
+            u" Check the Aircraft you with to add to the Aircraft text file "_s);
+        ui->Tab0List3->setToolTip(u" Double Click to edit the Aircraft text file "_s);
+        m_services.log.write(TraceLog::banner(u"LoadList Function Completed"_s));
     });
 }
 
 void AircraftLoaderPage::readTextFile(Step &step)
 {
-    step.set("Open " + m_state.AircraftTextDir);
-    m_services.log.write("Open " + m_state.AircraftTextDir);
+    step.set(u"Open "_s + m_state.AircraftTextDir);
+    m_services.log.write(u"Open "_s + m_state.AircraftTextDir);
     const auto show = qScopeGuard([this] { ui->Tab0List3->setItems(m_existing.lines); });
     m_existing = {};
     m_existing.read(files::readAll(m_state.AircraftTextDir));
-    ui->Tab0Label2->setText("Existing AI Aircraft in " +
-                            aircraft_text_file::captionName(m_state.AircraftTextDir) + ": " +
+    ui->Tab0Label2->setText(u"Existing AI Aircraft in "_s +
+                            aircraft_text_file::captionName(m_state.AircraftTextDir) + u": "_s +
                             QString::number(m_existing.AircraftCount));
 }
 
 void AircraftLoaderPage::walkFolders()
 {
     Step step(m_state.ErrMsg);
-    step.set("Loop through Aircraft Directories");
+    step.set(u"Loop through Aircraft Directories"_s);
     ui->Dir1->refresh(); // aircraft installed since the folder was opened count too
     m_available.clear();
     const auto keep = qScopeGuard([this] {
@@ -132,7 +136,7 @@ void AircraftLoaderPage::walkFolders()
     Progress progress(ui->ProgressBar1, walk.count());
     while (const AircraftFolder *folder = walk.next(step)) {
         progress.show(walk.index());
-        m_services.errors.run("Cfg File Error",
+        m_services.errors.run(u"Cfg File Error"_s,
                               [&](Step &own) { m_available.take(*folder, m_layout, own); });
     }
 }
@@ -161,7 +165,7 @@ void AircraftLoaderPage::FindAvailableAI()
     }
     ui->Tab0List2->setListIndex(-1);
     ui->Tab0List3->setListIndex(-1);
-    ui->Tab0Label1->setText("Available Aircraft:" +
+    ui->Tab0Label1->setText(u"Available Aircraft:"_s +
                             basic::str(static_cast<int>(ui->Tab0List2->count())));
     if (ui->Tab0List2->count() == 0) {
         ui->Tab0List2->addItem(allUsedNotice);
@@ -227,19 +231,19 @@ void AircraftLoaderPage::checkAll(bool on)
 void AircraftLoaderPage::cmdAddAI_Click()
 {
     const Step handler(m_state.ErrMsg);
-    m_services.errors.run("Backup Error",
+    m_services.errors.run(u"Backup Error"_s,
                           [this](Step &step) { DoBackup(m_state.AircraftTextDir, step); });
     try {
         addChecked();
     } catch (const RuntimeError &error) {
         m_services.errors.log(error);
-        m_services.dialogs.show({.prompt = m_state.ErrMsg + '\r' + ErrorReport::describe(error),
-                                 .title = "Add AI Error",
+        m_services.dialogs.show({.prompt = m_state.ErrMsg + u'\r' + ErrorReport::describe(error),
+                                 .title = u"Add AI Error"_s,
                                  .icon = MessageBox::Icon::Critical});
         return;
     }
-    m_services.dialogs.show({.prompt = "All Done!  AI Aircraft Added",
-                             .title = "Add AI",
+    m_services.dialogs.show({.prompt = u"All Done!  AI Aircraft Added"_s,
+                             .title = u"Add AI"_s,
                              .icon = MessageBox::Icon::Information});
     LoadList();
     Q_EMIT aircraftAdded();
@@ -261,7 +265,7 @@ void AircraftLoaderPage::addChecked()
         if (ui->Tab0List2->selected(i)) {
             const QString lines =
                 added.linesFor(ui->Tab0List2->text(i), m_services.clock.now(), step);
-            step.set("Open " + m_state.AircraftTextDir + " for Append");
+            step.set(u"Open "_s + m_state.AircraftTextDir + u" for Append"_s);
             files::appendLines(m_state.AircraftTextDir, code_page::encode(lines));
         }
     }
@@ -269,14 +273,14 @@ void AircraftLoaderPage::addChecked()
 
 void AircraftLoaderPage::opt2002_Click()
 {
-    m_state.FSType = "2002";
+    m_state.FSType = u"2002"_s;
     Q_EMIT simulatorVersionChosen();
     ui->lblTextFileSets->setEnabled(false);
 }
 
 void AircraftLoaderPage::opt2004_Click()
 {
-    m_state.FSType = "2004";
+    m_state.FSType = u"2004"_s;
     Q_EMIT simulatorVersionChosen();
     ui->lblTextFileSets->setEnabled(true);
 }
@@ -297,7 +301,7 @@ void AircraftLoaderPage::Drive1_Change()
 void AircraftLoaderPage::openFolder(const QString &folder, const QString &errorTitle)
 {
     m_services.errors.run(errorTitle, [&](Step &step) {
-        step.set("Set path to " + folder);
+        step.set(u"Set path to "_s + folder);
         if (ui->Dir1->setPath(folder)) {
             Dir1_Change();
         }
@@ -334,11 +338,11 @@ bool AircraftLoaderPage::takeFolder()
 
 void AircraftLoaderPage::Command1_Click()
 {
-    if (blind_to_case::lower(ui->Dir1->path()).endsWith(QLatin1String("aircraft"))) {
+    if (blind_to_case::lower(ui->Dir1->path()).endsWith("aircraft"_L1)) {
         showFSPath(ui->Dir1->path());
     } else {
         showFSPath({});
-        m_services.dialogs.show({.prompt = "Please select the Flight Simulator Directory!",
+        m_services.dialogs.show({.prompt = u"Please select the Flight Simulator Directory!"_s,
                                  .title = directoryErrorTitle,
                                  .icon = MessageBox::Icon::Exclamation});
         ClearLists();

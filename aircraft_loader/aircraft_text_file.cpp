@@ -6,6 +6,8 @@
 #include "platform/code_page.h"
 #include "platform/line_reader.h"
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -18,8 +20,8 @@ bool isComment(QByteArrayView line)
 
 std::int16_t numberIn(const QString &line)
 {
-    const qsizetype hash = basic::inStr(line, "#");
-    const qsizetype comma = basic::inStr(line, ",");
+    const qsizetype hash = basic::inStr(line, u"#"_s);
+    const qsizetype comma = basic::inStr(line, u","_s);
     return basic::toInteger16(basic::mid(line, hash + 1, comma - hash - 1));
 }
 
@@ -48,18 +50,18 @@ namespace aircraft_text_file
 
 QString titleIn(const QString &line)
 {
-    const qsizetype quote = basic::inStr(line, "\"");
+    const qsizetype quote = basic::inStr(line, u"\""_s);
     return basic::mid(line, quote + 1, line.size() - quote - 1);
 }
 
 QString captionName(const QString &path)
 {
-    return path.sliced(basic::inStr(blind_to_case::lower(path), "\\aircraft"));
+    return path.sliced(basic::inStr(blind_to_case::lower(path), u"\\aircraft"_s));
 }
 
 QString folderPart(const QString &path)
 {
-    return path.first(basic::inStr(blind_to_case::lower(path), "\\aircraft"));
+    return path.first(basic::inStr(blind_to_case::lower(path), u"\\aircraft"_s));
 }
 
 } // namespace aircraft_text_file

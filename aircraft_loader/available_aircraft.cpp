@@ -9,12 +9,14 @@
 #include <QScopeGuard>
 #include <QStringBuilder>
 
+using namespace Qt::StringLiterals;
+
 void AvailableAircraft::Layout::take(const QString &directory)
 {
     const QString lowered = blind_to_case::lower(directory);
-    if (lowered.endsWith(QLatin1String("airplanes"))) {
+    if (lowered.endsWith("airplanes"_L1)) {
         airplanes = true;
-    } else if (lowered.endsWith(QLatin1String("rotorcraft"))) {
+    } else if (lowered.endsWith("rotorcraft"_L1)) {
         rotorcraft = true;
     } else {
         *this = {};
@@ -32,7 +34,7 @@ void AvailableAircraft::take(const AircraftFolder &folder, Layout layout, Step &
     if (folder.cfgFile.isEmpty()) {
         return;
     }
-    step.set(QStringLiteral("Get Aircraft Name"));
+    step.set(u"Get Aircraft Name"_s);
     AirCraftName = available_aircraft::folderName(folder.cfgFile, layout);
     const auto add = qScopeGuard([&] {
         if (!HaveData) {
@@ -52,7 +54,7 @@ void AvailableAircraft::CheckFile(const AircraftFolder &folder, Step &step)
 {
     Speed.clear();
     AircraftTitles.clear();
-    if (blind_to_case::lower(folder.cfgFile).contains(QLatin1String("csl"))) {
+    if (blind_to_case::lower(folder.cfgFile).contains("csl"_L1)) {
         return; // models for online flying: no traffic, and HaveData is not theirs to change
     }
     step.set(u"Opening " % folder.cfgFile);
@@ -83,7 +85,7 @@ QString folderName(const QString &CfgFileName, AvailableAircraft::Layout layout)
     const qsizetype skip = layout.airplanes ? 10 : layout.rotorcraft ? 11 : 9;
     const qsizetype start = root + skip;
     const qsizetype end =
-        CfgFileName.indexOf('\\', start) + 1; // searched behind the first character
+        CfgFileName.indexOf(u'\\', start) + 1; // searched behind the first character
     return basic::mid(CfgFileName, start, end - start);
 }
 

@@ -8,6 +8,8 @@
 
 #include "ui_aircraft_loader_page.h"
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -27,7 +29,7 @@ TextFileChoice::TextFileChoice(Ui::AircraftLoaderPage &ui, Services &services, Q
 
 void TextFileChoice::ask()
 {
-    m_ui.lblAircraftTextFile->setText("Please select an Aircraft Text File");
+    m_ui.lblAircraftTextFile->setText(u"Please select an Aircraft Text File"_s);
     showCurrentStep(m_ui.lblAircraftTextFile);
     m_ui.cmdTtools->setEnabled(false);
     m_ui.cmdEdit->setEnabled(false);
@@ -66,15 +68,15 @@ void TextFileChoice::setAircraftTextDir(const QString &path)
 void TextFileChoice::cmdBrowseText_Click()
 {
     const QString filter = m_ui.opt2004->isChecked()
-                               ? "Aircraft Text Files (aircraft*.txt)|aircraft*.txt|"
-                               : "Aircraft Text Files (aircraft.txt)|aircraft.txt|";
+                               ? u"Aircraft Text Files (aircraft*.txt)|aircraft*.txt|"_s
+                               : u"Aircraft Text Files (aircraft.txt)|aircraft.txt|"_s;
     const QString current = m_services.state.AircraftTextDir;
-    const QString startFolder = current.first(qMax<qsizetype>(0, current.lastIndexOf('\\')));
+    const QString startFolder = current.first(qMax<qsizetype>(0, current.lastIndexOf(u'\\')));
     const QString path = m_services.dialogs.openFile({filter, startFolder});
     show(path, chosenPathLimit);
     if (aircraft_text_file::folderPart(path).isEmpty()) {
-        m_services.dialogs.show({.prompt = "Please select an Aircraft Text file to edit!",
-                                 .title = "FlightSim Directory Error",
+        m_services.dialogs.show({.prompt = u"Please select an Aircraft Text file to edit!"_s,
+                                 .title = u"FlightSim Directory Error"_s,
                                  .icon = MessageBox::Icon::Exclamation});
         forget();
     } else {
@@ -86,17 +88,18 @@ void TextFileChoice::cmdBrowseText_Click()
 void TextFileChoice::cmdEdit_Click()
 {
     Step step(m_services.state.ErrMsg);
-    step.set("Command Edit Shelling Notepad");
-    m_services.shell.Shellandwait("NOTEPAD.EXE " + m_services.state.AircraftTextDir, 0, 1);
+    step.set(u"Command Edit Shelling Notepad"_s);
+    m_services.shell.Shellandwait(u"NOTEPAD.EXE "_s + m_services.state.AircraftTextDir, 0, 1);
     if (m_services.state.ended) {
         return;
     }
-    const MessageBox::Answer answer = m_services.dialogs.show(
-        {.prompt = "Have you made changes to the " + m_services.state.AircraftTextDir + " file? ",
-         .title = "Edit Aircraft Text File",
-         .icon = MessageBox::Icon::Information,
-         .buttons = MessageBox::Buttons::YesNo,
-         .defaultButton = MessageBox::Answer::No});
+    const MessageBox::Answer answer =
+        m_services.dialogs.show({.prompt = u"Have you made changes to the "_s +
+                                           m_services.state.AircraftTextDir + u" file? "_s,
+                                 .title = u"Edit Aircraft Text File"_s,
+                                 .icon = MessageBox::Icon::Information,
+                                 .buttons = MessageBox::Buttons::YesNo,
+                                 .defaultButton = MessageBox::Answer::No});
     if (answer == MessageBox::Answer::Yes) {
         Q_EMIT edited();
     }
@@ -105,6 +108,6 @@ void TextFileChoice::cmdEdit_Click()
 void TextFileChoice::cmdTtools_Click()
 {
     Step step(m_services.state.ErrMsg);
-    step.set("Running " + m_services.shell.tTools());
+    step.set(u"Running "_s + m_services.shell.tTools());
     m_services.shell.Shellandwait(m_services.shell.tTools(), 0, 1);
 }

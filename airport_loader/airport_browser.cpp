@@ -7,6 +7,8 @@
 
 #include "ui_airport_loader_page.h"
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -15,7 +17,7 @@ constexpr int linesPerStep = 50;      // of the progress: telling each line took
 
 bool isBrowsedByProvince(const QString &country)
 {
-    return country == "Australia" || country == "United States" || country == "Canada";
+    return country == u"Australia"_s || country == u"United States"_s || country == u"Canada"_s;
 }
 
 } // namespace
@@ -32,63 +34,64 @@ void AirportBrowser::showLevel(const QString &heading, const QString &level, con
 {
     ui.Tab1Label1->setText(heading);
     // The quote stands before "List" in this product.
-    ui.Tab1List2->setToolTip(" To remove an Airport Drag and Drop it in the \"" + level +
-                             " \"List ");
+    ui.Tab1List2->setToolTip(u" To remove an Airport Drag and Drop it in the \""_s + level +
+                             u" \"List "_s);
     ui.Tab1cmdPrevious->setText(wayBack);
 }
 
 void AirportBrowser::LoadCountry()
 {
-    m_errors.run("Load Country Errors", [this](Step &step) {
-        step.set("Opening OCX");
+    m_errors.run(u"Load Country Errors"_s, [this](Step &step) {
+        step.set(u"Opening OCX"_s);
         const QByteArray list = master_airport_list::OpenOCX(step);
         const WaitPointer pointer;
-        step.set("Setting Progress Bar");
+        step.set(u"Setting Progress Bar"_s);
         Q_EMIT countriesLoading(expectedLines);
-        step.set("Loop through OCX");
+        step.set(u"Loop through OCX"_s);
         addAvailable(master_airport_list::countries(list, [this](int number) {
             if (number % linesPerStep == 0) {
                 Q_EMIT countryLineRead(number);
             }
         }));
-        showLevel("Country", "Country", "Clear List");
+        showLevel(u"Country"_s, u"Country"_s, u"Clear List"_s);
         ui.Tab1cmdPrevious->hide();
     });
 }
 
 void AirportBrowser::LoadProvince()
 {
-    m_errors.run("Load Province Error", [this](Step &step) {
+    m_errors.run(u"Load Province Error"_s, [this](Step &step) {
         ui.Tab1List1->clear();
-        step.set("Opening OCX");
+        step.set(u"Opening OCX"_s);
         const QByteArray list = master_airport_list::OpenOCX(step);
-        step.set("Loading OCX Data");
+        step.set(u"Loading OCX Data"_s);
         addAvailable(master_airport_list::provinces(list, m_savedCountry));
         m_provinceLevel = ui.Tab1List1->count() > 0;
         if (!m_provinceLevel) {
             LoadCity();
             return;
         }
-        showLevel("Province/State in " + m_savedCountry + ' ' + basic::str(ui.Tab1List1->count()),
-                  "Province/State", "Clear Province List");
+        showLevel(u"Province/State in "_s + m_savedCountry + u' ' +
+                      basic::str(ui.Tab1List1->count()),
+                  u"Province/State"_s, u"Clear Province List"_s);
     });
 }
 
 void AirportBrowser::LoadCity()
 {
     using namespace master_airport_list;
-    m_errors.run("Load City Error", [this](Step &step) {
+    m_errors.run(u"Load City Error"_s, [this](Step &step) {
         ui.Tab1List1->clear();
-        step.set("Opening OCX");
+        step.set(u"Opening OCX"_s);
         const QByteArray list = OpenOCX(step);
-        step.set("Loading OCX Data");
+        step.set(u"Loading OCX Data"_s);
         const AirportItem form =
             ui.Tab1optName->isChecked() ? AirportItem::NameFirst : AirportItem::IcaoFirst;
         addAvailable(m_provinceLevel ? airportsOfProvince(list, m_selectedProvince, form)
                                      : airportsOfCountry(list, m_savedCountry, form));
-        showLevel("Airports in " + (m_provinceLevel ? m_selectedProvince : m_savedCountry) + ' ' +
-                      basic::str(ui.Tab1List1->count()),
-                  "Cities", "Clear Airport List");
+        showLevel(u"Airports in "_s + (m_provinceLevel ? m_selectedProvince : m_savedCountry) +
+                      u' ' + basic::str(ui.Tab1List1->count()),
+                  u"Cities"_s, u"Clear Airport List"_s);
         enableSortOptions(true);
         m_airportLevel = true;
     });
@@ -123,7 +126,7 @@ void AirportBrowser::Tab1cmdPrevious_Click()
 void AirportBrowser::showCountries()
 {
     ui.Tab1List1->clear();
-    ui.Tab1Label1->setText("Country");
+    ui.Tab1Label1->setText(u"Country"_s);
     m_provinceLevel = false;
     m_airportLevel = false;
     m_provinceCountry.clear();
@@ -155,7 +158,7 @@ AirportChoice AirportBrowser::choose(const QString &item)
 
 AirportChoice AirportBrowser::choiceFor(const QString &item) const
 {
-    const QString separator = QStringLiteral(" - ");
+    const QString separator = u" - "_s;
     const qsizetype position = item.indexOf(separator);
     const bool byName = ui.Tab1optName->isChecked();
     if (position >= 0) {

@@ -17,12 +17,14 @@
 
 #include "ui_airport_loader_page.h"
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
-const QString filePrompt = QStringLiteral("Please Select Airport Text file to Edit --->");
-const QString applicationTitle = QStringLiteral("Morlen Utilities");
-const QString fileErrorTitle = QStringLiteral("Airport Text File Error");
+constexpr QLatin1StringView filePrompt = "Please Select Airport Text file to Edit --->"_L1;
+constexpr QLatin1StringView applicationTitle = "Morlen Utilities"_L1;
+constexpr QLatin1StringView fileErrorTitle = "Airport Text File Error"_L1;
 constexpr qsizetype pathLimit = 50;    // characters of a path that are shown
 constexpr qsizetype setPathLimit = 60; // the same, of a new set's file
 
@@ -84,9 +86,9 @@ void AirportLoaderPage::addListActions()
         list->addAction(action);
         list->setContextMenuPolicy(Qt::ActionsContextMenu);
     };
-    add(ui->Tab1List1, "Move to Airports to Add", Qt::Key_Insert,
+    add(ui->Tab1List1, u"Move to Airports to Add"_s, Qt::Key_Insert,
         [this] { Tab1List2_DragDrop(selectedText(*ui->Tab1List1)); });
-    add(ui->Tab1List2, "Move back to the available list", Qt::Key_Delete, [this] {
+    add(ui->Tab1List2, u"Move back to the available list"_s, Qt::Key_Delete, [this] {
         Tab1List2_MouseDown();
         Tab1List1_DragDrop(selectedText(*ui->Tab1List2));
     });
@@ -111,7 +113,7 @@ void AirportLoaderPage::Tab1cmdReset_Click()
                                           ui->Tab1optICAO, ui->Tab1optName}) {
         control->setEnabled(false);
     }
-    ui->lblT1Airport->setText("Airport to Add");
+    ui->lblT1Airport->setText(u"Airport to Add"_s);
     m_browser.showCountries();
     showFilePrompt();
 }
@@ -192,7 +194,7 @@ bool AirportLoaderPage::AirportExists()
     const QString code = m_browser.choiceFor(selectedText(*ui->Tab1List1)).search;
     for (const QString &item : ui->Tab1List2->items()) {
         if (item.contains(code)) {
-            m_services.dialogs.show({.prompt = "Duplicate Airport!", .title = applicationTitle});
+            m_services.dialogs.show({.prompt = u"Duplicate Airport!"_s, .title = applicationTitle});
             return true;
         }
     }
@@ -201,7 +203,7 @@ bool AirportLoaderPage::AirportExists()
 
 void AirportLoaderPage::showExistingCount()
 {
-    ui->lblT1Airport->setText("Existing Airports:" + basic::str(ui->Tab1List2->count()));
+    ui->lblT1Airport->setText(u"Existing Airports:"_s + basic::str(ui->Tab1List2->count()));
 }
 
 void AirportLoaderPage::takeFileForSet(const QString &path)
@@ -234,10 +236,10 @@ void AirportLoaderPage::Tab1cmdBrowse_Click()
         Q_EMIT reminderDue();
     }
     m_state.AirportTextFile = m_services.dialogs.openFile(
-        {.filter = "Airport Text Files (*.txt)|airport*.txt|", .startFolder = {}});
+        {.filter = u"Airport Text Files (*.txt)|airport*.txt|"_s, .startFolder = {}});
     m_services.errors.run(fileErrorTitle, [this](Step &step) {
-        step.set("Open " + m_state.AirportTextFile);
-        m_services.log.write("Selecting Airport Text File " + m_state.AirportTextFile);
+        step.set(u"Open "_s + m_state.AirportTextFile);
+        m_services.log.write(u"Selecting Airport Text File "_s + m_state.AirportTextFile);
         if (m_state.AirportTextFile.isEmpty()) {
             showFilePrompt();
             ui->Tab1cmdEdit->setEnabled(false);
@@ -268,7 +270,7 @@ void AirportLoaderPage::readTextFile()
 
 void AirportLoaderPage::showMissingFileName()
 {
-    m_services.dialogs.show({.prompt = "Missing Airport Text File name!",
+    m_services.dialogs.show({.prompt = u"Missing Airport Text File name!"_s,
                              .title = applicationTitle,
                              .icon = MessageBox::Icon::Exclamation});
 }
@@ -285,18 +287,18 @@ void AirportLoaderPage::Tab1cmdCreateFile_Click()
     }
     const MessageBox::Answer answer = m_services.dialogs.show(
         {.prompt =
-             m_state.AirportTextFile + " Created Successfully!\r\rDo you want to view the file?",
-         .title = "AI Aircraft Loader",
+             m_state.AirportTextFile + u" Created Successfully!\r\rDo you want to view the file?"_s,
+         .title = u"AI Aircraft Loader"_s,
          .buttons = MessageBox::Buttons::YesNo,
          .defaultButton = MessageBox::Answer::No});
     if (answer == MessageBox::Answer::Yes) {
-        m_services.shell.Shellandwait("NOTEPAD.EXE " + m_state.AirportTextFile, 0, 1);
+        m_services.shell.Shellandwait(u"NOTEPAD.EXE "_s + m_state.AirportTextFile, 0, 1);
         if (m_state.ended) {
             return;
         }
     }
     Tab1cmdReset_Click();
-    ui->lblT1Airport->setText("Airports to Add");
+    ui->lblT1Airport->setText(u"Airports to Add"_s);
     ui->Tab1Frame2->setEnabled(false);
     ui->Tab1cmdBrowse->setEnabled(true);
     Q_EMIT airportsAdded(written);
@@ -323,8 +325,8 @@ bool AirportLoaderPage::appendChosen(Step &step)
         }
         ui->Tab1cmdReset->show();
     });
-    m_services.log.write("Adding Airports to " + m_state.AirportTextFile);
-    step.set("Open " + m_state.AirportTextFile);
+    m_services.log.write(u"Adding Airports to "_s + m_state.AirportTextFile);
+    step.set(u"Open "_s + m_state.AirportTextFile);
     files::openForAppend(m_state.AirportTextFile);
 
     QList<AirportChoice> choices;
@@ -338,10 +340,11 @@ bool AirportLoaderPage::appendChosen(Step &step)
     const QStringList lines = ui->Tab1ListSort->items();
     ui->Tab1ListSort->clear();
     if (!lines.isEmpty()) {
-        step.set("Open " + m_state.AirportTextFile);
-        files::appendLines(m_state.AirportTextFile, code_page::encode(lines.join("\r\n") + "\r\n"));
+        step.set(u"Open "_s + m_state.AirportTextFile);
+        files::appendLines(m_state.AirportTextFile,
+                           code_page::encode(lines.join(u"\r\n"_s) + u"\r\n"_s));
     }
-    m_services.log.write("Finished Adding Airports");
+    m_services.log.write(u"Finished Adding Airports"_s);
     return !lines.isEmpty();
 }
 
@@ -352,7 +355,7 @@ QStringList AirportLoaderPage::linesOf(const QList<AirportChoice> &choices, Prog
         return {};
     }
     const QByteArray list = master_airport_list::OpenOCX(step);
-    step.set("Input Data");
+    step.set(u"Input Data"_s);
     QStringList lines;
     for (const ChosenLine &chosen : airport_text_file::chosenLines(list, choices)) {
         progress.show(choices[chosen.choice].entry);
@@ -360,7 +363,7 @@ QStringList AirportLoaderPage::linesOf(const QList<AirportChoice> &choices, Prog
         if (lines.isEmpty()) {
             lines += airport_text_file::addedComment(m_services.clock.now());
         }
-        m_services.log.write("Adding " + line);
+        m_services.log.write(u"Adding "_s + line);
         lines += line;
     }
     return lines;
@@ -374,23 +377,23 @@ void AirportLoaderPage::Tab1cmdEdit_Click()
     }
     const MessageBox::Answer answer = m_services.dialogs.show(
         {.prompt =
-             "CAUTION!\r\rThese Airports may be used in existing FlightPlans.  Editing or Deleting "
+             u"CAUTION!\r\rThese Airports may be used in existing FlightPlans.  Editing or Deleting "_s
              "\rAirports may cause FlightPlan or TTools compiler errors.  Use caution when\rwhen "
              "altering Airport entries.\r\rAre you sure you want to continue?",
-         .title = "Airport Edit Caution",
+         .title = u"Airport Edit Caution"_s,
          .buttons = MessageBox::Buttons::YesNo,
          .defaultButton = MessageBox::Answer::No});
     if (answer != MessageBox::Answer::Yes) {
         return;
     }
     m_services.errors.run(fileErrorTitle, [this](Step &step) {
-        step.set("Edit " + m_state.AirportTextFile);
-        m_services.log.write("Edit Aircraft Listing Edit " + m_state.AirportTextFile);
-        m_services.shell.Shellandwait("NOTEPAD.EXE " + m_state.AirportTextFile, 0, 1);
+        step.set(u"Edit "_s + m_state.AirportTextFile);
+        m_services.log.write(u"Edit Aircraft Listing Edit "_s + m_state.AirportTextFile);
+        m_services.shell.Shellandwait(u"NOTEPAD.EXE "_s + m_state.AirportTextFile, 0, 1);
         if (m_state.ended) {
             return;
         }
-        step.set("Open " + m_state.AirportTextFile);
+        step.set(u"Open "_s + m_state.AirportTextFile);
         const WaitPointer pointer;
         readTextFile();
         focusIfShown(ui->Tab1Command2);

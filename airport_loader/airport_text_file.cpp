@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <set>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -28,7 +30,7 @@ QStringList existingItems(const QByteArray &bytes)
         const QByteArrayView line = reader.next();
         if (!line.isEmpty() && !line.startsWith("//")) {
             const QString text = code_page::decode(line);
-            items += text.left(4) + " - " + text.mid(commentPosition - 1);
+            items += text.left(4) + u" - "_s + text.mid(commentPosition - 1);
         }
     }
     return items;
@@ -36,7 +38,7 @@ QStringList existingItems(const QByteArray &bytes)
 
 bool isExisting(const QString &item)
 {
-    return basic::mid(item, 6, 1) == "-";
+    return basic::mid(item, 6, 1) == u"-"_s;
 }
 
 std::vector<ChosenLine> chosenLines(const QByteArray &list, const QList<AirportChoice> &choices)
@@ -78,14 +80,14 @@ std::vector<ChosenLine> chosenLines(const QByteArray &list, const QList<AirportC
 
 QString airportLine(const AirportRecord &record)
 {
-    return code_page::decode(record.entry).leftJustified(entryWidth) + "     //" +
-           code_page::decode(record.city) + ", " + code_page::decode(record.province) + ", " +
+    return code_page::decode(record.entry).leftJustified(entryWidth) + u"     //"_s +
+           code_page::decode(record.city) + u", "_s + code_page::decode(record.province) + u", "_s +
            code_page::decode(record.country);
 }
 
 QString addedComment(const QDateTime &time)
 {
-    return "//Airports Added - " + basic::longDate(time) + ' ' + basic::clockTime(time);
+    return u"//Airports Added - "_s + basic::longDate(time) + u' ' + basic::clockTime(time);
 }
 
 } // namespace airport_text_file

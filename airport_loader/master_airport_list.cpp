@@ -7,6 +7,8 @@
 #include "platform/line_reader.h"
 #include "platform/paths.h"
 
+using namespace Qt::StringLiterals;
+
 AirportRecord AirportRecord::split(QByteArrayView line)
 {
     AirportRecord record;
@@ -46,9 +48,9 @@ std::optional<RuntimeError> forEachRecord(const QByteArray &list, Take take)
 
 QString item(const AirportRecord &record, AirportItem form)
 {
-    const QString place = code_page::decode(record.name) + ", " + code_page::decode(record.city);
+    const QString place = code_page::decode(record.name) + u", "_s + code_page::decode(record.city);
     const QString icao = code_page::decode(record.icao);
-    return form == AirportItem::NameFirst ? place + " - " + icao : icao + " - " + place;
+    return form == AirportItem::NameFirst ? place + u" - "_s + icao : icao + u" - "_s + place;
 }
 
 Listing airports(const QByteArray &list, QByteArrayView AirportRecord::*field, const QString &place,
@@ -73,8 +75,8 @@ QString directoryIn(const QString &buffer)
 
 QByteArray OpenOCX(Step &step)
 {
-    const QString path = directoryIn(paths::systemDirectory()) + "\\ZENTAM.OCX";
-    step.set("Loading " + path);
+    const QString path = directoryIn(paths::systemDirectory()) + u"\\ZENTAM.OCX"_s;
+    step.set(u"Loading "_s + path);
     return files::readAll(path);
 }
 

@@ -6,6 +6,8 @@
 
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -73,7 +75,7 @@ bool is(const SystemVersion &system, int platform, int major, int minor)
 
 QString numbers(const SystemVersion &system)
 {
-    return QString::number(system.majorVersion) + '.' + QString::number(system.minorVersion);
+    return QString::number(system.majorVersion) + u'.' + QString::number(system.minorVersion);
 }
 
 /// Whether one of these letters stands in the service pack's place, after a blank or two.
@@ -87,7 +89,7 @@ bool hasLetter(const SystemVersion &system, QStringView letters)
 bool isExtended(const SystemVersion &system)
 {
     if (is(system, WindowsNt, 4, 0)) {
-        return system.servicePackText.contains("SERVICE PACK 6", Qt::CaseInsensitive);
+        return system.servicePackText.contains(u"SERVICE PACK 6"_s, Qt::CaseInsensitive);
     }
     return system.platform == WindowsNt && system.majorVersion > 4;
 }
@@ -107,9 +109,9 @@ QString publishedName(const SystemVersion &system)
 QString numberedName(const SystemVersion &system)
 {
     if (system.platform == WindowsNt && system.majorVersion <= 4) {
-        return "Windows NT " + numbers(system);
+        return u"Windows NT "_s + numbers(system);
     }
-    return "Unknown OS Version " + numbers(system) + " Platform " +
+    return u"Unknown OS Version "_s + numbers(system) + u" Platform "_s +
            QString::number(system.platform);
 }
 
@@ -118,15 +120,15 @@ QString servicePack(const SystemVersion &system)
 {
     QString number;
     if (!isExtended(system)) {
-        static const QRegularExpression figures("[0-9]+");
+        static const QRegularExpression figures(u"[0-9]+"_s);
         number = figures.match(system.servicePackText).captured();
     } else if (system.servicePackMajor > 0) {
         number = QString::number(system.servicePackMajor);
         if (system.servicePackMinor > 0) {
-            number += '.' + QString::number(system.servicePackMinor);
+            number += u'.' + QString::number(system.servicePackMinor);
         }
     }
-    return number.isEmpty() ? QString() : "Service Pack " + number;
+    return number.isEmpty() ? QString() : u"Service Pack "_s + number;
 }
 
 QString product(const SystemVersion &system)
@@ -134,13 +136,13 @@ QString product(const SystemVersion &system)
     const auto has = [&](Suite suite) { return (system.suiteMask & suite) != 0; };
     switch (system.productType) {
     case Workstation:
-        return has(Personal) ? "Home Edition" : QString();
+        return has(Personal) ? u"Home Edition"_s : QString();
     case DomainController:
-        return "Domain Controller";
+        return u"Domain Controller"_s;
     case Server:
-        return has(Datacenter)   ? "DataCenter Server"
-               : has(Enterprise) ? "Enterprise Server"
-               : has(Blade)      ? "Web Server"
+        return has(Datacenter)   ? u"DataCenter Server"_s
+               : has(Enterprise) ? u"Enterprise Server"_s
+               : has(Blade)      ? u"Web Server"_s
                                  : QString();
     default:
         return {};
@@ -162,16 +164,16 @@ clsOS::clsOS(const SystemVersion &system)
     if (isExtended(system)) {
         for (const SuiteText &suite : suiteTexts) {
             if ((system.suiteMask & suite.suite) != 0) {
-                parts += suite.text;
+                parts += QString::fromLatin1(suite.text);
             }
         }
         parts += product(system);
     }
     parts.removeAll(QString());
-    m_version = parts.join(' ');
+    m_version = parts.join(u' ');
 }
 
 QString clsOS::text() const
 {
-    return m_version.isEmpty() ? m_name : m_name + ' ' + m_version;
+    return m_version.isEmpty() ? m_name : m_name + u' ' + m_version;
 }

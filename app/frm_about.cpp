@@ -10,10 +10,12 @@
 
 #include "ui_frm_about.h"
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
-const QString sharedTools = QStringLiteral("SOFTWARE\\Microsoft\\Shared Tools");
+constexpr QLatin1StringView sharedTools = "SOFTWARE\\Microsoft\\Shared Tools"_L1;
 constexpr int normalWindow = 1;
 
 /// The text of a machine value; a number's is its hexadecimal notation. Empty without one.
@@ -24,19 +26,19 @@ QString machineText(const Registry &registry, const QString &key, const QString 
         return {};
     }
     const auto *const number = std::get_if<std::uint32_t>(&*data);
-    return number != nullptr ? "&h" + QString::number(*number, 16).toUpper()
+    return number != nullptr ? u"&h"_s + QString::number(*number, 16).toUpper()
                              : std::get<QString>(*data);
 }
 
 /// The system information tool; empty when the registry knows none.
 QString systemInformationTool(const Registry &registry)
 {
-    const QString path = machineText(registry, sharedTools + "\\MSINFO", "PATH");
+    const QString path = machineText(registry, sharedTools + u"\\MSINFO"_s, u"PATH"_s);
     if (!path.isEmpty()) {
         return path;
     }
-    const QString folder = machineText(registry, sharedTools + " Location", "MSINFO");
-    const QString tool = folder + "\\MSINFO32.EXE";
+    const QString folder = machineText(registry, sharedTools + u" Location"_s, u"MSINFO"_s);
+    const QString tool = folder + u"\\MSINFO32.EXE"_s;
     return !folder.isEmpty() && files::exists(tool) && !files::isFolder(tool) ? tool : QString();
 }
 
@@ -57,9 +59,9 @@ frmAbout::frmAbout(const Outside &outside, const QString &osVersion, QWidget *pa
     : QDialog(parent), m_outside(outside), ui(std::make_unique<Ui::frmAbout>())
 {
     ui->setupUi(this);
-    setWindowTitle("About " + ui->lblTitle->text());
-    ui->lblVersion->setText("Version " + programVersion());
-    ui->lblOsVersion->setText("Operating system: " + osVersion);
+    setWindowTitle(u"About "_s + ui->lblTitle->text());
+    ui->lblVersion->setText(u"Version "_s + programVersion());
+    ui->lblOsVersion->setText(u"Operating system: "_s + osVersion);
     connect(ui->cmdOK, &QPushButton::clicked, this, &QDialog::accept);
     connect(ui->cmdSysInfo, &QPushButton::clicked, this, &frmAbout::cmdSysInfo_Click);
 }
@@ -70,7 +72,7 @@ void frmAbout::cmdSysInfo_Click()
 {
     const QString tool = systemInformationTool(m_outside.registry);
     if (tool.isEmpty() || !started(m_outside.processes, tool)) {
-        m_outside.dialogs.show({.prompt = "System Information Is Unavailable At This Time",
+        m_outside.dialogs.show({.prompt = u"System Information Is Unavailable At This Time"_s,
                                 .title = ui->lblTitle->text()});
     }
 }

@@ -3,6 +3,8 @@
 
 #include "ui_frm_add_airport_help.h"
 
+using namespace Qt::StringLiterals;
+
 frmAddAirportHelp::frmAddAirportHelp(bool &ShowAddAirportHelp, QWidget *parent)
     : QDialog(parent),
       m_isStillDue(ShowAddAirportHelp),
@@ -21,19 +23,19 @@ void frmAddAirportHelp::Form_Load()
 {
     // A label shows a carriage return as a blank, so the sentences around these flow on.
     ui->Label1->setText(
-        "Airports are added using a Drag and Drop method.  Click on the airport name you wish to "
-        "add and drag it to the Add Airports List and drop it in.  You can also remove an "
-        "Airport by Dragging from the Add Airports List and dropping it back in \rthe Available "
-        "Airports List.");
+        u"Airports are added using a Drag and Drop method.  Click on the airport name you wish to "_s
+        u"add and drag it to the Add Airports List and drop it in.  You can also remove an "_s
+        u"Airport by Dragging from the Add Airports List and dropping it back in \rthe Available "_s
+        u"Airports List."_s);
     ui->Label2->setText(
-        "When the program first loads a list of Countries will be displayed.  Double click on a "
-        "Country name and a list of Airports in that Country will be displayed.  In the case of "
-        "Australia, Canada and the United States a list of Provinces/States will be displayed.   "
-        "Double click on a Province or State to view a list of the Airports in that Province or "
-        "State.  Airports can be added Country, Province/State or City.  Dragging a Country name "
-        "will add all the Airports in that Country to your new Airport text file. The same "
-        "applies to a Province or State.  When a list of Cities is displayed you can add only "
-        "those \rAirports that will be required for your new FlightPlans.");
+        u"When the program first loads a list of Countries will be displayed.  Double click on a "_s
+        u"Country name and a list of Airports in that Country will be displayed.  In the case of "_s
+        u"Australia, Canada and the United States a list of Provinces/States will be displayed.   "_s
+        u"Double click on a Province or State to view a list of the Airports in that Province or "_s
+        u"State.  Airports can be added Country, Province/State or City.  Dragging a Country name "_s
+        u"will add all the Airports in that Country to your new Airport text file. The same "_s
+        u"applies to a Province or State.  When a list of Cities is displayed you can add only "_s
+        u"those \rAirports that will be required for your new FlightPlans."_s);
 }
 
 void frmAddAirportHelp::Check1_Click()

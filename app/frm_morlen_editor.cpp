@@ -24,6 +24,8 @@
 
 #include "ui_frm_morlen_editor.h"
 
+using namespace Qt::StringLiterals;
+
 frmMorlenEditor::frmMorlenEditor(const Outside &outside)
     : m_ownServices(std::make_unique<Services>(outside)),
       m_services(*m_ownServices),
@@ -52,10 +54,10 @@ void frmMorlenEditor::makePages()
         ui->SSTab1->addTab(page, title);
         return page;
     };
-    m_aircraftLoader = add(new AircraftLoaderPage(m_services, m_set), "AI Aircraft Loader");
-    m_airportLoader = add(new AirportLoaderPage(m_services, m_set), "AI Airport Loader");
-    m_fpSet = add(new FpSetPage(m_services, m_set), "Create a New FP Set");
-    m_configEditor = add(new ConfigEditorPage(m_services), "Edit Aircraft or Panel");
+    m_aircraftLoader = add(new AircraftLoaderPage(m_services, m_set), u"AI Aircraft Loader"_s);
+    m_airportLoader = add(new AirportLoaderPage(m_services, m_set), u"AI Airport Loader"_s);
+    m_fpSet = add(new FpSetPage(m_services, m_set), u"Create a New FP Set"_s);
+    m_configEditor = add(new ConfigEditorPage(m_services), u"Edit Aircraft or Panel"_s);
 }
 
 void frmMorlenEditor::connectControls()
@@ -92,7 +94,8 @@ void frmMorlenEditor::connectPages()
 
     // Page 3's companion, and an aircraft that was changed there.
     connect(m_configEditor, &ConfigEditorPage::varloWanted, this, [this] {
-        launch(m_companions.VarloPath, "Varlo.exe", "Aircraft and Panel Configuration Editor");
+        launch(m_companions.VarloPath, u"Varlo.exe"_s,
+               u"Aircraft and Panel Configuration Editor"_s);
     });
     connect(m_configEditor, &ConfigEditorPage::aircraftEdited, m_aircraftLoader,
             &AircraftLoaderPage::pointAtNoFolder);
@@ -144,8 +147,8 @@ void frmMorlenEditor::showReminder()
 
 void frmMorlenEditor::takeDirectory(const QString &directory)
 {
-    m_services.errors.run("Directory Select Error", [&](Step &step) {
-        step.set("Set path to " + directory);
+    m_services.errors.run(u"Directory Select Error"_s, [&](Step &step) {
+        step.set(u"Set path to "_s + directory);
         openAircraftDir(directory);
     });
 }
@@ -162,11 +165,11 @@ void frmMorlenEditor::Form_Load()
     frmSplash splash;
     connect(m_airportLoader, &AirportLoaderPage::countriesLoading, &splash, [&](int lines) {
         splash.setProgressRange(0, lines);
-        splash.setStatus("Loading....");
+        splash.setStatus(u"Loading...."_s);
     });
     connect(m_airportLoader, &AirportLoaderPage::countryLineRead, &splash, &frmSplash::setProgress);
     m_services.aircraftFolders.remember(); // pages 3 and 0 list the same, one after the other
-    m_services.errors.run("Form Load Error", [&](Step &step) { startUp(splash, step); });
+    m_services.errors.run(u"Form Load Error"_s, [&](Step &step) { startUp(splash, step); });
     m_services.aircraftFolders.forget();
     // Whatever failed, the window comes up and can be used.
     show();
@@ -178,30 +181,30 @@ void frmMorlenEditor::startUp(frmSplash &splash, Step &step)
     FormState &state = m_services.state;
     state.osVersion = clsOS(systemVersion()).text();
     splash.showPainted();
-    setWindowTitle("Morlen Utilities - Version " + programVersion());
+    setWindowTitle(u"Morlen Utilities - Version "_s + programVersion());
     findProgramFolder();
-    step.set("CheckRegistry 1");
+    step.set(u"CheckRegistry 1"_s);
     CheckRegistry();
-    step.set("FindFSPath 1");
+    step.set(u"FindFSPath 1"_s);
     FindFSPath();
-    state.CommandLine = QCoreApplication::arguments().sliced(1).join(' ');
+    state.CommandLine = QCoreApplication::arguments().sliced(1).join(u' ');
     m_airportLoader->LoadCountry();
     m_fpSet->prepare();
-    step.set("Opening " + m_services.log.path());
+    step.set(u"Opening "_s + m_services.log.path());
     m_services.log.reset();
-    m_services.log.write("Reading " + settingsPath());
+    m_services.log.write(u"Reading "_s + settingsPath());
     m_configEditor->showVarlo();
 
-    step.set("Opening " + settingsPath());
+    step.set(u"Opening "_s + settingsPath());
     const std::optional<Settings> settings = m_session.read();
     if (settings) {
         restore(*settings, step);
     } else {
-        step.set("Finding FSPath");
+        step.set(u"Finding FSPath"_s);
         FindFSPath();
     }
     m_fpSet->enableNaming();
-    step.set("CheckRegistry");
+    step.set(u"CheckRegistry"_s);
     CheckRegistry();
     m_configEditor->showFirstAircraft();
     show();
@@ -209,23 +212,23 @@ void frmMorlenEditor::startUp(frmSplash &splash, Step &step)
     splash.close();
     ui->SSTab1->show();
     const QString lastTab = settings ? settings->lastTab : QString();
-    step.set("Selecting page " + lastTab);
+    step.set(u"Selecting page "_s + lastTab);
     selectPage(lastTab);
 }
 
 void frmMorlenEditor::findProgramFolder()
 {
     // A developer's checkout wins over the current directory.
-    m_services.state.MorlenEDir = files::isFolder("C:\\Devel\\MorlenEditor")
-                                      ? QStringLiteral("C:\\devel\\MorlenEditor\\")
-                                      : paths::currentDirectory() + '\\';
+    m_services.state.MorlenEDir = files::isFolder(u"C:\\Devel\\MorlenEditor"_s)
+                                      ? u"C:\\devel\\MorlenEditor\\"_s
+                                      : paths::currentDirectory() + u'\\';
 }
 
 void frmMorlenEditor::restore(const Settings &settings, Step &step)
 {
     m_services.state.strTToolsPath = settings.tToolsPath;
     if (!settings.drive.isEmpty()) {
-        step.set("Setting drive to: " + settings.drive);
+        step.set(u"Setting drive to: "_s + settings.drive);
         m_configEditor->setDrive(settings.drive);
     }
     m_session.restore(settings);
@@ -240,7 +243,7 @@ void frmMorlenEditor::restoreDirectory(const QString &directory)
         return;
     }
     Step step(m_services.state.ErrMsg);
-    step.set("Setting FS path to: " + directory);
+    step.set(u"Setting FS path to: "_s + directory);
     m_configEditor->showDirectory(directory);
     if (fs_location::endsInAircraftFolder(m_configEditor->directory())) {
         openAircraftDir(directory);
@@ -261,7 +264,7 @@ void frmMorlenEditor::selectPage(const QString &lastTab)
 
 void frmMorlenEditor::CheckRegistry()
 {
-    m_services.errors.run("Check Registry Errors", [this](Step &step) {
+    m_services.errors.run(u"Check Registry Errors"_s, [this](Step &step) {
         m_companions = suite_registry::CheckRegistry(
             m_services.registry, m_services.state.MorlenEDir, windowTitle(), step);
         ui->lblPellara->setVisible(!m_companions.PellaraPath.isEmpty());
@@ -271,21 +274,21 @@ void frmMorlenEditor::CheckRegistry()
 
 void frmMorlenEditor::lblPellara_Click()
 {
-    launch(m_companions.PellaraPath, "Pellara.exe", m_companions.PellaraCaption);
+    launch(m_companions.PellaraPath, u"Pellara.exe"_s, m_companions.PellaraCaption);
 }
 
 void frmMorlenEditor::launch(const QString &path, const QString &program, const QString &caption)
 {
-    m_services.errors.run("Launch Error", [&](Step &step) {
-        step.set("Launching " + program);
+    m_services.errors.run(u"Launch Error"_s, [&](Step &step) {
+        step.set(u"Launching "_s + program);
         suite_registry::launch(m_services.processes, path, program, caption);
     });
 }
 
 void frmMorlenEditor::FindFSPath()
 {
-    m_services.errors.run("FS Path Error", [this](Step &step) {
-        step.set("Get FlightSim Path");
+    m_services.errors.run(u"FS Path Error"_s, [this](Step &step) {
+        step.set(u"Get FlightSim Path"_s);
         FormState &state = m_services.state;
         state.RegValue = fs_location::installation(m_services.registry);
         if (state.RegValue.isEmpty()) {
@@ -299,8 +302,8 @@ void frmMorlenEditor::FindFSPath()
 
 void frmMorlenEditor::SSTab1_Click(int /*PreviousTab*/)
 {
-    static const QStringList names = {"AI Aircraft Tab Selected", "AI Airport Tab Selected",
-                                      "Create FP Tab Selected", "Edit Tab Selected"};
+    static const QStringList names = {u"AI Aircraft Tab Selected"_s, u"AI Airport Tab Selected"_s,
+                                      u"Create FP Tab Selected"_s, u"Edit Tab Selected"_s};
     m_services.log.write(TraceLog::banner(names[m_page]));
     if (m_page == 0) {
         m_aircraftLoader->focusFirstControl();
@@ -331,13 +334,13 @@ void frmMorlenEditor::SaveSettings()
         return;
     }
     const MessageBox::Answer answer =
-        m_services.dialogs.show({.prompt = "Do you really want to exit?",
-                                 .title = "Confirm Exit",
+        m_services.dialogs.show({.prompt = u"Do you really want to exit?"_s,
+                                 .title = u"Confirm Exit"_s,
                                  .buttons = MessageBox::Buttons::YesNo,
                                  .defaultButton = MessageBox::Answer::No});
     if (answer == MessageBox::Answer::Yes &&
-        m_services.errors.run("Save Setting Error", [this](Step &step) {
-            step.set("Open " + settingsPath());
+        m_services.errors.run(u"Save Setting Error"_s, [this](Step &step) {
+            step.set(u"Open "_s + settingsPath());
             m_session.save(m_configEditor->drive());
         })) {
         end();
@@ -367,16 +370,17 @@ void frmMorlenEditor::closeEvent(QCloseEvent *event)
 
 void frmMorlenEditor::mnuTrace_Click()
 {
-    m_services.errors.run("Trace Log Error", [this](Step &step) {
-        step.set("Opening " + m_services.log.path());
+    m_services.errors.run(u"Trace Log Error"_s, [this](Step &step) {
+        step.set(u"Opening "_s + m_services.log.path());
         m_services.log.setTracing(ui->mnuTrace->isChecked());
     });
 }
 
-void frmMorlenEditor::openHelp(const QString &relativePath)
+void frmMorlenEditor::openHelp(const char *relativePath)
 {
-    m_services.errors.run("Help Error",
-                          [&](Step &step) { m_services.shell.openDocument(relativePath, step); });
+    m_services.errors.run(u"Help Error"_s, [&](Step &step) {
+        m_services.shell.openDocument(QString::fromLatin1(relativePath), step);
+    });
 }
 
 void frmMorlenEditor::lblAbout_Click()

@@ -94,7 +94,7 @@ private:
 
     QString settingsPath() const { return m_session.path(); }
 
-    void openHelp(const QString &relativePath);
+    void openHelp(const char *relativePath);
     void quitFrom(int page);
     void end();
 

@@ -11,12 +11,14 @@
 
 #include "ui_frm_splash.h"
 
+using namespace Qt::StringLiterals;
+
 frmSplash::frmSplash(QWidget *parent)
     : QWidget(parent, Qt::SplashScreen | Qt::FramelessWindowHint),
       ui(std::make_unique<Ui::frmSplash>())
 {
     ui->setupUi(this);
-    ui->lblVersion->setText("Version " + programVersion());
+    ui->lblVersion->setText(u"Version "_s + programVersion());
     ui->Frame1->installEventFilter(this);
     setFixedSize(sizeHint());
 }

@@ -8,20 +8,22 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 HoverLinks::HoverLinks(QWidget *form)
     : QObject(form),
-      m_handlers({{"lblAbout", &HoverLinks::lblAbout_MouseMove},
-                  {"lblHelp", &HoverLinks::lblHelp_MouseMove},
-                  {"lblPellara", &HoverLinks::lblPellara_MouseMove},
-                  {"Tab0Help", &HoverLinks::Tab0Help_MouseMove},
-                  {"tab1Help", &HoverLinks::tab1Help_MouseMove},
-                  {"Tab2lblHelp", &HoverLinks::Tab2lblHelp_MouseMove},
-                  {"tab3VarloHelp", &HoverLinks::tab3VarloHelp_MouseMove},
-                  {"frmLeveler", &HoverLinks::frmLeveler_MouseMove}})
+      m_handlers({{u"lblAbout"_s, &HoverLinks::lblAbout_MouseMove},
+                  {u"lblHelp"_s, &HoverLinks::lblHelp_MouseMove},
+                  {u"lblPellara"_s, &HoverLinks::lblPellara_MouseMove},
+                  {u"Tab0Help"_s, &HoverLinks::Tab0Help_MouseMove},
+                  {u"tab1Help"_s, &HoverLinks::tab1Help_MouseMove},
+                  {u"Tab2lblHelp"_s, &HoverLinks::Tab2lblHelp_MouseMove},
+                  {u"tab3VarloHelp"_s, &HoverLinks::tab3VarloHelp_MouseMove},
+                  {u"frmLeveler"_s, &HoverLinks::frmLeveler_MouseMove}})
 {
     // The bare form shows through its pages too.
-    for (const char *area : {"centralWidget", "SSTab1", "aircraftLoaderPage", "airportLoaderPage",
-                             "fpSetPage", "configEditorPage"}) {
+    for (const QString &area : {u"centralWidget"_s, u"SSTab1"_s, u"aircraftLoaderPage"_s,
+                                u"airportLoaderPage"_s, u"fpSetPage"_s, u"configEditorPage"_s}) {
         m_handlers.insert(area, &HoverLinks::Form_MouseMove);
     }
     for (const QString &name : m_handlers.keys()) {
@@ -42,9 +44,9 @@ bool HoverLinks::eventFilter(QObject *watched, QEvent *event)
     return false;
 }
 
-void HoverLinks::heat(const QString &link)
+void HoverLinks::heat(const char *link)
 {
-    auto *const label = parent()->findChild<QWidget *>(link);
+    auto *const label = parent()->findChild<QWidget *>(QString::fromLatin1(link));
     if (!m_hotLinks.contains(label)) {
         setBold(label, true);
         m_hotLinks += label;

@@ -33,7 +33,7 @@ private:
 
     void Form_MouseMove();
 
-    void heat(const QString &link);
+    void heat(const char *link);
 
     QHash<QString, void (HoverLinks::*)()> m_handlers; ///< by the control under the mouse
     QList<QWidget *> m_hotLinks;

@@ -11,6 +11,8 @@
 
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -20,7 +22,7 @@ constexpr std::array lines = {
 
 QString boolText(bool value)
 {
-    return value ? QStringLiteral("True") : QStringLiteral("False");
+    return value ? u"True"_s : u"False"_s;
 }
 
 } // namespace
@@ -39,14 +41,14 @@ QByteArray settings_file::compose(const Settings &settings)
 {
     QString text;
     for (const auto line : lines) {
-        text += settings.*line + "\r\n";
+        text += settings.*line + u"\r\n"_s;
     }
     return code_page::encode(text);
 }
 
 QString Session::path() const
 {
-    return m_state.MorlenEDir + "\\MorlenE.ini";
+    return m_state.MorlenEDir + u"\\MorlenE.ini"_s;
 }
 
 std::optional<Settings> Session::read() const
@@ -60,7 +62,7 @@ std::optional<Settings> Session::read() const
 
 void Session::restore(const Settings &settings)
 {
-    m_state.ShowAddAirportHelp = blind_to_case::lower(settings.showAddAirportHelp) == "true";
+    m_state.ShowAddAirportHelp = blind_to_case::lower(settings.showAddAirportHelp) == u"true"_s;
     if (m_state.strTToolsPath.size() > 5) {
         m_state.strTToolsDir = tToolsFolder(m_state.strTToolsPath);
     }
@@ -72,19 +74,19 @@ void Session::save(const QString &drive)
     const Settings settings = {
         m_state.LastTab,     m_state.strTToolsPath,   drive,
         m_state.AirCraftDir, m_state.AircraftTextDir, boolText(m_state.ShowAddAirportHelp)};
-    m_log.write(TraceLog::cut("***Program Terminated by User***"));
-    m_log.write("Opening " + path());
+    m_log.write(TraceLog::cut(u"***Program Terminated by User***"_s));
+    m_log.write(u"Opening "_s + path());
     log(settings);
     files::writeAll(path(), settings_file::compose(settings));
 }
 
 void Session::log(const Settings &settings)
 {
-    m_log.write("Last Tab = " + settings.lastTab);
-    m_log.write("TTools Path = " + settings.tToolsPath);
-    m_log.write("Aircraft Directory = " + settings.aircraftDir);
-    m_log.write("Aircraft Text File = " + settings.aircraftTextFile);
-    m_log.write("Trace On = " + boolText(m_state.TraceOn));
-    m_log.write("Show Add Airport Help = " + boolText(m_state.ShowAddAirportHelp));
+    m_log.write(u"Last Tab = "_s + settings.lastTab);
+    m_log.write(u"TTools Path = "_s + settings.tToolsPath);
+    m_log.write(u"Aircraft Directory = "_s + settings.aircraftDir);
+    m_log.write(u"Aircraft Text File = "_s + settings.aircraftTextFile);
+    m_log.write(u"Trace On = "_s + boolText(m_state.TraceOn));
+    m_log.write(u"Show Add Airport Help = "_s + boolText(m_state.ShowAddAirportHelp));
     m_log.write(TraceLog::separator());
 }

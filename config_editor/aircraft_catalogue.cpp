@@ -12,12 +12,14 @@
 
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 void AircraftCatalogue::take(const AircraftFolder &folder, AircraftRoot root, Step &step)
 {
     if (folder.cfgFile.isEmpty()) {
         return;
     }
-    step.set(QStringLiteral("Get Aircraft Name"));
+    step.set(u"Get Aircraft Name"_s);
     folders += folder.path;
     folderNames += folder.name;
     const EditorContent &content = folder.editor;
@@ -25,7 +27,7 @@ void AircraftCatalogue::take(const AircraftFolder &folder, AircraftRoot root, St
     if (folder.failure) {
         throw RuntimeError(*folder.failure);
     }
-    step.set(QStringLiteral("Check for FF Code"));
+    step.set(u"Check for FF Code"_s);
     if (content.failure) {
         throw RuntimeError(*content.failure);
     }
@@ -34,7 +36,7 @@ void AircraftCatalogue::take(const AircraftFolder &folder, AircraftRoot root, St
     }
     names += content.displayName;
     cfgFiles += folder.cfgFile;
-    aliases += content.aliased ? "alias" : QString();
+    aliases += content.aliased ? u"alias"_s : QString();
     panels += content.panel;
     listing += listing_dump::entry(content.displayName,
                                    aircraft_catalogue::folderText(folder.cfgFile, root));
@@ -46,14 +48,15 @@ namespace aircraft_catalogue
 AircraftRoot rootOf(const QString &directory)
 {
     const QString lowered = blind_to_case::lower(directory);
-    return lowered.endsWith(QLatin1String("airplanes"))    ? AircraftRoot::Airplanes
-           : lowered.endsWith(QLatin1String("rotorcraft")) ? AircraftRoot::Rotorcraft
-                                                           : AircraftRoot::Aircraft;
+    return lowered.endsWith("airplanes"_L1)    ? AircraftRoot::Airplanes
+           : lowered.endsWith("rotorcraft"_L1) ? AircraftRoot::Rotorcraft
+                                               : AircraftRoot::Aircraft;
 }
 
 qsizetype rootPosition(const QString &path, AircraftRoot root)
 {
-    static const std::array<QString, 3> words = {"\\aircraft", "\\airplanes", "\\rotorcraft"};
+    static const std::array<QString, 3> words = {u"\\aircraft"_s, u"\\airplanes"_s,
+                                                 u"\\rotorcraft"_s};
     return basic::inStr(blind_to_case::lower(path), words.at(static_cast<std::size_t>(root)));
 }
 

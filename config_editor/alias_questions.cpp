@@ -6,6 +6,8 @@
 #include "platform/dialogs.h"
 #include "platform/files.h"
 
+using namespace Qt::StringLiterals;
+
 std::optional<QString> AliasQuestions::panelToEdit(const QString &panelFile, const QString &cfgFile,
                                                    AircraftRoot root, Step &step)
 {
@@ -18,16 +20,17 @@ std::optional<QString> AliasQuestions::panelToEdit(const QString &panelFile, con
                MessageBox::Answer::Yes;
     };
     QString chosen = panelFile;
-    step.set("Opening " + panelFile);
+    step.set(u"Opening "_s + panelFile);
     if (const auto alias = panel_cfg::aliasIn(files::readAll(panelFile))) {
         chosen = panel_cfg::aliasedPath(cfgFile, root, *alias);
-        m_declined = !isWanted("Aliased Panel", "This Panel is Aiased to " + *alias +
-                                                    "\r\rDo you want to edit the aliased Panel?");
+        m_declined =
+            !isWanted(u"Aliased Panel"_s, u"This Panel is Aiased to "_s + *alias +
+                                              u"\r\rDo you want to edit the aliased Panel?"_s);
         if (m_declined) {
             chosen = panel_cfg::originalPath(cfgFile);
-            m_declined =
-                !isWanted("Original Panel", "Do you want to edit this non-aliased Panel?\r\r" +
-                                                panel_cfg::path(cfgFile, QString()));
+            m_declined = !isWanted(u"Original Panel"_s,
+                                   u"Do you want to edit this non-aliased Panel?\r\r"_s +
+                                       panel_cfg::path(cfgFile, QString()));
         }
     }
     return m_declined ? std::nullopt : std::optional(chosen);

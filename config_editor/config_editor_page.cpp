@@ -17,13 +17,15 @@
 
 #include "ui_config_editor_page.h"
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
-const QString directoryPrompt =
-    QStringLiteral("<--- Please select your Flight Simulator Aircraft directory!");
-const QString totalCaption = QStringLiteral("Total Aircraft: ");
-const QString editorTitle = QStringLiteral("Config Editor");
+constexpr QLatin1StringView directoryPrompt =
+    "<--- Please select your Flight Simulator Aircraft directory!"_L1;
+constexpr QLatin1StringView totalCaption = "Total Aircraft: "_L1;
+constexpr QLatin1StringView editorTitle = "Config Editor"_L1;
 
 } // namespace
 
@@ -81,7 +83,7 @@ QString ConfigEditorPage::directory() const
 
 void ConfigEditorPage::showVarlo()
 {
-    ui->Tab3Label6->setText("Varlo");
+    ui->Tab3Label6->setText(u"Varlo"_s);
 }
 
 void ConfigEditorPage::offerVarlo(bool installed)
@@ -109,8 +111,8 @@ void ConfigEditorPage::selectFirstEntry()
 
 void ConfigEditorPage::openFolder(const QString &folder)
 {
-    m_services.errors.run("Directory Select Error", [&](Step &step) {
-        step.set("Set path to " + folder);
+    m_services.errors.run(u"Directory Select Error"_s, [&](Step &step) {
+        step.set(u"Set path to "_s + folder);
         if (ui->Tab3Dir1->setPath(folder)) {
             Tab3Dir1_Change();
         }
@@ -130,7 +132,7 @@ bool ConfigEditorPage::takeFolder()
 {
     const bool accepted = fs_location::endsInAircraftFolder(directory());
     if (accepted) {
-        m_services.log.write("Editor Path is " + directory());
+        m_services.log.write(u"Editor Path is "_s + directory());
         listAircraft();
     } else {
         showCatalogue({});
@@ -144,7 +146,7 @@ bool ConfigEditorPage::takeFolder()
 void ConfigEditorPage::listAircraft()
 {
     Step step(m_state.ErrMsg);
-    step.set("Set path to " + directory());
+    step.set(u"Set path to "_s + directory());
     ui->Tab3File1->setPath(directory());
     showCatalogue({});
     showTotal();
@@ -156,9 +158,9 @@ void ConfigEditorPage::showTotal()
 {
     const QStringList folders = files::subFolders(directory());
     const auto hasConfig = [&](const QString &folder) {
-        return files::exists(paths::join(directory(), folder) + "\\aircraft.cfg");
+        return files::exists(paths::join(directory(), folder) + u"\\aircraft.cfg"_s);
     };
-    const bool combat = blind_to_case::lower(directory()).contains(QLatin1String("combat"));
+    const bool combat = blind_to_case::lower(directory()).contains("combat"_L1);
     const qsizetype total =
         combat ? std::count_if(folders.begin(), folders.end(), hasConfig) : folders.size();
     ui->Tab3Label2->setText(totalCaption + QString::number(total));
@@ -167,7 +169,7 @@ void ConfigEditorPage::showTotal()
 void ConfigEditorPage::Tab3LoadList()
 {
     const WaitPointer pointer;
-    m_services.errors.run("Tab3LoadList Error", [this] {
+    m_services.errors.run(u"Tab3LoadList Error"_s, [this] {
         AircraftCatalogue catalogue;
         showLoading(true);
         const auto show = qScopeGuard([&] {
@@ -177,7 +179,7 @@ void ConfigEditorPage::Tab3LoadList()
         });
         readCatalogue(catalogue);
         if (catalogue.folderNames.isEmpty()) {
-            catalogue.folderNames += "All Aircraft Have Force Feedback";
+            catalogue.folderNames += u"All Aircraft Have Force Feedback"_s;
         }
     });
 }
@@ -185,17 +187,17 @@ void ConfigEditorPage::Tab3LoadList()
 void ConfigEditorPage::readCatalogue(AircraftCatalogue &catalogue)
 {
     Step step(m_state.ErrMsg);
-    step.set("Loop through Aircraft Directories");
+    step.set(u"Loop through Aircraft Directories"_s);
     const QString directory = ui->Tab3Dir1->path();
     const AircraftRoot root = aircraft_catalogue::rootOf(directory);
     AircraftFolders::Walk walk = m_services.aircraftFolders.walk(directory, Content::Editor);
     Progress progress(ui->loadingBar, walk.count());
     while (const AircraftFolder *folder = walk.next(step)) {
         progress.show(walk.index());
-        m_services.errors.run("Tab3CheckFile Error",
+        m_services.errors.run(u"Tab3CheckFile Error"_s,
                               [&](Step &own) { catalogue.take(*folder, root, own); });
         if (!folder->cfgFile.isEmpty()) {
-            m_services.log.write("Adding Aircraft " + folder->name);
+            m_services.log.write(u"Adding Aircraft "_s + folder->name);
         }
     }
 }
@@ -216,8 +218,8 @@ void ConfigEditorPage::showCatalogue(const AircraftCatalogue &catalogue)
     ui->Tab3optPanel->setVisible(!none);
     ui->Tab3cmdedit->setVisible(!none);
     ui->noAircraftLabel->setVisible(none);
-    ui->Tab3Label2->setToolTip(catalogue.folders.isEmpty() ? QString()
-                                                           : " No Aircraft Have Force Feedback ");
+    ui->Tab3Label2->setToolTip(
+        catalogue.folders.isEmpty() ? QString() : u" No Aircraft Have Force Feedback "_s);
 }
 
 void ConfigEditorPage::showLoading(bool loading)
@@ -249,13 +251,13 @@ void ConfigEditorPage::Tab3cmdedit_Click()
         const int entry = ui->Tab3List3->listIndex();
         const QString cfgFile = ui->Tab3List4->text(entry); // empty for the prompt, too
         if ((aircraft || panel) && cfgFile.isEmpty()) {
-            showNotice("Please select an Aircraft to edit!");
+            showNotice(u"Please select an Aircraft to edit!"_s);
             return;
         }
         if (aircraft) {
             m_editPath = cfgFile;
-            m_services.log.write("Edit Aircraft.cfg file Notepad " + cfgFile);
-            startNotepad("Notepad " + cfgFile);
+            m_services.log.write(u"Edit Aircraft.cfg file Notepad "_s + cfgFile);
+            startNotepad(u"Notepad "_s + cfgFile);
         }
         if (!panel || openPanelCfg(cfgFile, ui->Tab3List6->text(entry), step)) {
             askForChanges();
@@ -267,28 +269,28 @@ void ConfigEditorPage::Tab3cmdedit_Click()
 bool ConfigEditorPage::openPanelCfg(const QString &cfgFile, const QString &panel, Step &step)
 {
     m_editPath = panel_cfg::path(cfgFile, panel);
-    m_services.log.write("Edit Panel.cfg file " + m_editPath);
+    m_services.log.write(u"Edit Panel.cfg file "_s + m_editPath);
     if (!files::exists(m_editPath) || files::isFolder(m_editPath)) {
-        showNotice("This is an AI Aircraft and has no Panel!");
+        showNotice(u"This is an AI Aircraft and has no Panel!"_s);
         return false;
     }
-    m_services.log.write("Setting Panel Shell String");
+    m_services.log.write(u"Setting Panel Shell String"_s);
     const std::optional<QString> chosen = m_aliasQuestions.panelToEdit(
         m_editPath, cfgFile, aircraft_catalogue::rootOf(directory()), step);
     if (chosen) {
         m_editPath = *chosen;
-        startNotepad("Notepad.exe " + m_editPath);
+        startNotepad(u"Notepad.exe "_s + m_editPath);
     }
     return chosen.has_value();
 }
 
 void ConfigEditorPage::askForChanges()
 {
-    const MessageBox::Answer answer =
-        m_services.dialogs.show({.prompt = "Have you made changes to " + m_editPath + " file?",
-                                 .title = "Edit Function",
-                                 .buttons = MessageBox::Buttons::YesNo,
-                                 .defaultButton = MessageBox::Answer::No});
+    const MessageBox::Answer answer = m_services.dialogs.show(
+        {.prompt = u"Have you made changes to "_s + m_editPath + u" file?"_s,
+         .title = u"Edit Function"_s,
+         .buttons = MessageBox::Buttons::YesNo,
+         .defaultButton = MessageBox::Answer::No});
     if (answer != MessageBox::Answer::Yes) {
         return;
     }
@@ -316,29 +318,29 @@ void ConfigEditorPage::startNotepad(const QString &command)
 void ConfigEditorPage::Tab3chkDumpList_Click()
 {
     if (ui->Tab3chkDumpList->isChecked()) {
-        m_services.errors.run("DumpList Error", [this](Step &step) { DumpListing(step); });
+        m_services.errors.run(u"DumpList Error"_s, [this](Step &step) { DumpListing(step); });
     }
 }
 
 void ConfigEditorPage::DumpListing(Step &step)
 {
-    const QString file = m_state.MorlenEDir + "AircraftList.txt";
-    m_services.log.write("Dumping Aircraft Listing to " + file);
-    step.set("Opening " + file);
+    const QString file = m_state.MorlenEDir + u"AircraftList.txt"_s;
+    m_services.log.write(u"Dumping Aircraft Listing to "_s + file);
+    step.set(u"Opening "_s + file);
     // Without a listing to view the box is ready to be ticked again.
     auto untick = qScopeGuard([this] { ui->Tab3chkDumpList->setChecked(false); });
     files::writeAll(file, listing_dump::compose(ui->Tab3List7->items(), m_services.clock.now(),
                                                 QLocale::system()));
-    m_services.log.write("Dump Completed");
+    m_services.log.write(u"Dump Completed"_s);
     const MessageBox::Answer answer = m_services.dialogs.show(
-        {.prompt = "Current Aircraft listing has been saved to: \r\r" + file +
-                   "\r\rDo you want to view the Aircraft Listing now?",
-         .title = "Aircraft Text Listing",
+        {.prompt = u"Current Aircraft listing has been saved to: \r\r"_s + file +
+                   u"\r\rDo you want to view the Aircraft Listing now?"_s,
+         .title = u"Aircraft Text Listing"_s,
          .icon = MessageBox::Icon::Information,
          .buttons = MessageBox::Buttons::YesNo,
          .defaultButton = MessageBox::Answer::No});
     if (answer == MessageBox::Answer::Yes) {
         untick.dismiss();
-        startNotepad("Notepad " + file);
+        startNotepad(u"Notepad "_s + file);
     }
 }

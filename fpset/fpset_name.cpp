@@ -3,14 +3,16 @@
 
 #include "platform/blind_to_case.h"
 
+using namespace Qt::StringLiterals;
+
 namespace fpset_name
 {
 
 namespace
 {
 
-const QString beginning = QStringLiteral("flightplans");
-const QString extension = QStringLiteral(".txt");
+constexpr QLatin1StringView beginning = "flightplans"_L1;
+constexpr QLatin1StringView extension = ".txt"_L1;
 constexpr qsizetype shortestName = 12; // characters
 
 } // namespace
@@ -27,7 +29,7 @@ QString withExtension(const QString &text)
 
 bool isValid(const QString &fileName)
 {
-    return fileName.count('.') <= 1 && fileName.endsWith(extension) &&
+    return fileName.count(u'.') <= 1 && fileName.endsWith(extension) &&
            blind_to_case::lower(fileName.left(beginning.size())) == beginning;
 }
 
@@ -36,8 +38,8 @@ FileSet filesOf(const QString &directory, const QString &fileName)
     const QString suffix =
         fileName.mid(blind_to_case::lower(fileName).indexOf(beginning) + beginning.size());
     FileSet set;
-    set.airportFile = "Airports" + suffix;
-    set.aircraftFile = "Aircraft" + suffix;
+    set.airportFile = u"Airports"_s + suffix;
+    set.aircraftFile = u"Aircraft"_s + suffix;
     set.flightPlanPath = directory + fileName;
     set.airportPath = directory + set.airportFile;
     set.aircraftPath = directory + set.aircraftFile;

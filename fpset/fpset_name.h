@@ -8,7 +8,7 @@ namespace fpset_name
 {
 
 /// What the name box begins with.
-inline const QString defaultName = QStringLiteral("FlightPlans_");
+inline constexpr QLatin1StringView defaultName("FlightPlans_");
 
 /// Whether a text is too little to name a set: the prefix alone, or fewer than 12 characters.
 bool isUnfinished(const QString &text, const QString &prefix);

@@ -14,14 +14,16 @@
 
 #include "ui_fpset_page.h"
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
 constexpr qsizetype shownPathLimit = 50; // characters
-const QString errorTitle = QStringLiteral("Create File Error");
-const QString okCaption = QStringLiteral("OK");
-const QString browseCaption = QStringLiteral("Browse");
-const QString doneCaption = QStringLiteral("All Done!");
+constexpr QLatin1StringView errorTitle = "Create File Error"_L1;
+constexpr QLatin1StringView okCaption = "OK"_L1;
+constexpr QLatin1StringView browseCaption = "Browse"_L1;
+constexpr QLatin1StringView doneCaption = "All Done!"_L1;
 
 void setEnabledAll(bool on, const QList<QWidget *> &controls)
 {
@@ -122,9 +124,9 @@ void FpSetPage::prepare()
 
 void FpSetPage::showTTools(const QString &path)
 {
-    if (blind_to_case::lower(path).contains(QLatin1String("ttools.exe"))) {
+    if (blind_to_case::lower(path).contains("ttools.exe"_L1)) {
         ui->tab2txtTToolsDir->setText(shortenedPath(path, shownPathLimit));
-        ui->tab2TToolsDir->setTitle("TTools Directory");
+        ui->tab2TToolsDir->setTitle(u"TTools Directory"_s);
         showDone(ui->tab2TToolsDir);
     }
 }
@@ -167,7 +169,7 @@ void FpSetPage::beginStep(const QString &text, Step &step)
 void FpSetPage::showNotice(const QString &prompt)
 {
     m_services.dialogs.show({.prompt = prompt,
-                             .title = "FlightSim Directory Error",
+                             .title = u"FlightSim Directory Error"_s,
                              .icon = MessageBox::Icon::Exclamation});
 }
 
@@ -180,26 +182,26 @@ void FpSetPage::focusNameEnd()
 void FpSetPage::tab2cmdFindTTools_Click()
 {
     const QString path = m_services.dialogs.openFile(
-        {.filter = "Traffic Tools (TTools) (*.exe)|TTools*.exe|", .startFolder = {}});
+        {.filter = u"Traffic Tools (TTools) (*.exe)|TTools*.exe|"_s, .startFolder = {}});
     ui->tab2txtTToolsDir->setText(shortenedPath(path, shownPathLimit));
     m_state.strTToolsPath = path;
-    m_services.log.write("TTools Path = " + path);
+    m_services.log.write(u"TTools Path = "_s + path);
     if (path.isEmpty() || !m_services.shell.CheckFileExists(path)) {
         refuseTTools();
         return;
     }
     m_state.strTToolsDir = tToolsFolder(path);
     showDone(ui->tab2TToolsDir);
-    ui->tab2TToolsDir->setTitle("TTools Directory");
+    ui->tab2TToolsDir->setTitle(u"TTools Directory"_s);
     setEnabledAll(false, {ui->tab2txtTToolsDir, ui->tab2cmdFindTTools});
     enterStep(*ui, Naming);
-    m_services.log.write("TTools Directory = " + m_state.strTToolsDir);
+    m_services.log.write(u"TTools Directory = "_s + m_state.strTToolsDir);
 }
 
 void FpSetPage::refuseTTools()
 {
     m_services.dialogs.show(
-        {.prompt = "Please select your TTools directory!", .title = "Morlen Utilities"});
+        {.prompt = u"Please select your TTools directory!"_s, .title = u"Morlen Utilities"_s});
     ui->tab2txtTToolsDir->clear();
     // Without a directory on show no set is named, least of all in the one before.
     m_state.strTToolsDir.clear();
@@ -223,22 +225,22 @@ void FpSetPage::tab2Command2_Click()
     }
     m_files = fpset_name::filesOf(m_state.strTToolsDir, name);
     if (FileExists(m_files.flightPlanPath)) {
-        m_services.dialogs.show({.prompt = "Sorry!  That name is already in use",
-                                 .title = "File Error",
+        m_services.dialogs.show({.prompt = u"Sorry!  That name is already in use"_s,
+                                 .title = u"File Error"_s,
                                  .icon = MessageBox::Icon::Critical});
         startOverNaming();
         return;
     }
     enterAirportStep();
-    m_services.log.write("FlightPlan File = " + m_files.flightPlanPath);
+    m_services.log.write(u"FlightPlan File = "_s + m_files.flightPlanPath);
 }
 
 bool FpSetPage::CheckForValidFileName(const QString &fileName)
 {
     const bool valid = fpset_name::isValid(fileName);
     if (!valid) {
-        m_services.dialogs.show({.prompt = "Invalid File Name!",
-                                 .title = "Name Error",
+        m_services.dialogs.show({.prompt = u"Invalid File Name!"_s,
+                                 .title = u"Name Error"_s,
                                  .icon = MessageBox::Icon::Critical});
         focusNameEnd();
     }
@@ -260,9 +262,9 @@ void FpSetPage::enterAirportStep()
 {
     enterStep(*ui, Airports);
     setEnabledAll(false, {ui->tab2TToolsDir, ui->tab2cmdFindTTools});
-    ui->tab2Frame2->setTitle(" Create a new Airports File");
-    ui->tab2Frame3->setTitle(" Create a new Aircraft File");
-    ui->tab2optCreatefile->setToolTip(" Click to create a new Airports File");
+    ui->tab2Frame2->setTitle(u" Create a new Airports File"_s);
+    ui->tab2Frame3->setTitle(u" Create a new Aircraft File"_s);
+    ui->tab2optCreatefile->setToolTip(u" Click to create a new Airports File"_s);
 }
 
 void FpSetPage::tab2optCreatefile_Click()
@@ -280,13 +282,14 @@ void FpSetPage::tab2cmdAirport_Click()
 {
     QString source;
     if (ui->tab2optCopyFile->isChecked()) {
-        source = m_services.dialogs.openFile({.filter = "Airport Text Files (*.txt)|airports*.txt|",
-                                              .startFolder = m_state.strTToolsDir});
+        source =
+            m_services.dialogs.openFile({.filter = u"Airport Text Files (*.txt)|airports*.txt|"_s,
+                                         .startFolder = m_state.strTToolsDir});
         if (source.isEmpty()) {
-            showNotice("Please select the Airports Text File!");
+            showNotice(u"Please select the Airports Text File!"_s);
             return;
         }
-        m_services.log.write("Airport Text File = " + source);
+        m_services.log.write(u"Airport Text File = "_s + source);
     } else if (ui->tab2optCreatefile->isChecked()) {
         askForAirports();
     } else {
@@ -294,7 +297,7 @@ void FpSetPage::tab2cmdAirport_Click()
         return;
     }
     ui->tab2optCreateNewAircraft->setToolTip(
-        " Create an empty Aircraft File and add Aircraft to it later ");
+        u" Create an empty Aircraft File and add Aircraft to it later "_s);
     ui->tab2txtAirport->setText(source);
     enterStep(*ui, Aircraft);
 }
@@ -303,7 +306,7 @@ void FpSetPage::askForAirports()
 {
     m_set.newAirportFlag = true;
     Q_EMIT airportsWanted(m_files.airportPath);
-    m_services.log.write("Airport Text File = " + m_files.airportPath);
+    m_services.log.write(u"Airport Text File = "_s + m_files.airportPath);
     if (m_state.ShowAddAirportHelp) {
         Q_EMIT reminderDue();
     }
@@ -325,14 +328,14 @@ void FpSetPage::tab2cmdAircraft_Click()
 {
     m_services.errors.run(errorTitle, [this](Step &step) {
         if (ui->tab2optCopyExistingAircraft->isChecked()) {
-            const QString source =
-                m_services.dialogs.openFile({.filter = "Aircraft Text Files (*.txt)|aircraft*.txt|",
-                                             .startFolder = m_state.strTToolsDir});
+            const QString source = m_services.dialogs.openFile(
+                {.filter = u"Aircraft Text Files (*.txt)|aircraft*.txt|"_s,
+                 .startFolder = m_state.strTToolsDir});
             if (source.isEmpty()) {
-                showNotice("Please select the Aircraft Text File!"); // and on all the same
+                showNotice(u"Please select the Aircraft Text File!"_s); // and on all the same
             } else {
                 ui->tab2txtAircraft->setText(source);
-                m_services.log.write("Aircraft Text File = " + source);
+                m_services.log.write(u"Aircraft Text File = "_s + source);
             }
         } else {
             askForAircraft(step);
@@ -344,7 +347,7 @@ void FpSetPage::tab2cmdAircraft_Click()
 void FpSetPage::askForAircraft(Step &step)
 {
     m_newAircraft = true;
-    beginStep("Creating  " + m_files.aircraftPath, step);
+    beginStep(u"Creating  "_s + m_files.aircraftPath, step);
     fpset_files::ensureExists(m_files.aircraftPath);
     m_set.reLoadNewPlan = true;
     Q_EMIT aircraftWanted(m_files.aircraftPath);
@@ -359,8 +362,8 @@ void FpSetPage::tab2cmdCreateNewFP_Click()
         Q_EMIT aircraftFileChosen(m_files.aircraftPath);
     }
     m_services.dialogs.show(
-        {.prompt = "FlightPlan file set " + m_files.flightPlanPath + " created successfully!",
-         .title = "Create Files",
+        {.prompt = u"FlightPlan file set "_s + m_files.flightPlanPath + u" created successfully!"_s,
+         .title = u"Create Files"_s,
          .icon = MessageBox::Icon::Information});
     ui->tab2cmdQuit->setText(doneCaption);
     focusIfShown(ui->tab2cmdQuit);
@@ -372,23 +375,23 @@ void FpSetPage::tab2cmdCreateNewFP_Click()
 
 void FpSetPage::createFiles(Step &step)
 {
-    m_services.log.write("Creating New FlightPlan Set");
+    m_services.log.write(u"Creating New FlightPlan Set"_s);
     if (ui->tab2optCopyFile->isChecked()) {
         const QString source = ui->tab2txtAirport->text();
-        beginStep("Copy " + source + " to " + m_files.airportPath, step);
+        beginStep(u"Copy "_s + source + u" to "_s + m_files.airportPath, step);
         fpset_files::copy(source, m_files.airportPath, step);
     }
     if (ui->tab2optCopyExistingAircraft->isChecked()) {
         const QString source = ui->tab2txtAircraft->text();
-        beginStep("Copy " + source + " to " + m_files.aircraftPath, step);
+        beginStep(u"Copy "_s + source + u" to "_s + m_files.aircraftPath, step);
         fpset_files::copy(source, m_files.aircraftPath, step);
         m_set.AddAircraftFlag = true;
     }
     if (!m_set.AddAircraftFlag) {
-        beginStep("Creating Aircraft File " + m_files.aircraftPath, step);
+        beginStep(u"Creating Aircraft File "_s + m_files.aircraftPath, step);
         fpset_files::createEmpty(m_files.aircraftPath, step);
     }
-    beginStep("Creating FlightPlan File " + m_files.flightPlanPath, step);
+    beginStep(u"Creating FlightPlan File "_s + m_files.flightPlanPath, step);
     fpset_files::createEmpty(m_files.flightPlanPath, step);
 }
 
@@ -416,15 +419,15 @@ void FpSetPage::tab2cmdCancel_Click()
                   ui->tab2optCopyExistingAircraft});
     focusNameEnd();
     setEnabledAll(true, {ui->tab2TToolsDir, ui->tab2cmdFindTTools});
-    ui->tab2cmdQuit->setText("Quit");
+    ui->tab2cmdQuit->setText(u"Quit"_s);
 }
 
 void FpSetPage::giveUpFiles()
 {
     const auto discard = [this](const QString &path) {
         bool wasThere = false;
-        m_services.errors.run("Delete File Error", [&](Step &step) {
-            step.set("Delete " + path);
+        m_services.errors.run(u"Delete File Error"_s, [&](Step &step) {
+            step.set(u"Delete "_s + path);
             wasThere = fpset_files::discard(path, step);
         });
         return wasThere;

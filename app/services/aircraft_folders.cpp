@@ -9,6 +9,8 @@
 
 #include <tuple>
 
+using namespace Qt::StringLiterals;
+
 AircraftFolders::Walk::Walk(AircraftFolders &folders, const QString &directory, Content wanted)
     : m_folders(folders),
       m_directory(directory),
@@ -20,7 +22,7 @@ AircraftFolders::Walk::Walk(AircraftFolders &folders, const QString &directory, 
         return;
     }
     m_names = files::subFolders(directory);
-    m_reader.emplace(directory, m_names, "aircraft.cfg");
+    m_reader.emplace(directory, m_names, u"aircraft.cfg"_s);
     m_count = static_cast<int>(m_names.size());
     m_seen.reserve(folders.m_remembering ? m_count : 1);
 }

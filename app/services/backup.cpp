@@ -4,21 +4,23 @@
 #include "app/services/step.h"
 #include "platform/files.h"
 
+using namespace Qt::StringLiterals;
+
 void DoBackup(const QString &path, Step &step)
 {
     constexpr qint64 longestAbsent = 10; // a copy of at most so many bytes counts as absent
-    const QString newest = path + ".Backup1";
+    const QString newest = path + u".Backup1"_s;
     Step own(step);
-    own.set("Open " + path);
+    own.set(u"Open "_s + path);
     if (files::length(path) == 0) {
         return;
     }
-    own.set("Open " + newest);
+    own.set(u"Open "_s + newest);
     if (files::openForAppend(newest) > longestAbsent) { // which creates one, too
-        own.set("File Copy Backup");
-        files::copy(newest, path + ".Backup2");
+        own.set(u"File Copy Backup"_s);
+        files::copy(newest, path + u".Backup2"_s);
     }
     files::remove(newest);
-    own.set("File Copy Backup");
+    own.set(u"File Copy Backup"_s);
     files::copy(path, newest);
 }

@@ -10,6 +10,8 @@
 #include <cmath>
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 using blind_to_case::startsWith;
 
 namespace
@@ -192,7 +194,7 @@ std::pair<TrafficContent, EditorContent> parse(const QByteArray &bytes, Content 
 QString speedIn(const QString &line)
 {
     const qsizetype equals = line.indexOf(u'=');
-    const qsizetype comment = line.indexOf(QLatin1String("//"));
+    const qsizetype comment = line.indexOf("//"_L1);
     const qsizetype length = comment >= 0 ? line.size() - comment : line.size();
     const QString text = basic::trim(line.mid(equals + 1, length));
     return basic::wholeNumberText(std::floor(basic::val(text)));

@@ -5,9 +5,11 @@
 #include "platform/basic.h"
 #include "platform/dialogs.h"
 
+using namespace Qt::StringLiterals;
+
 QString ErrorReport::describe(const RuntimeError &error)
 {
-    return "Error " + basic::str(error.number()) + ' ' + error.description();
+    return u"Error "_s + basic::str(error.number()) + u' ' + error.description();
 }
 
 bool ErrorReport::runSteps(const QString &title, const std::function<void(Step &)> &body)
@@ -25,7 +27,7 @@ bool ErrorReport::runSteps(const QString &title, const std::function<void(Step &
 
 void ErrorReport::show(const QString &title, const RuntimeError &error)
 {
-    const QString prompt = describe(error) + '\r' + m_errMsg;
+    const QString prompt = describe(error) + u'\r' + m_errMsg;
     log(error);
     m_dialogs.show({.prompt = prompt, .title = title, .icon = MessageBox::Icon::Exclamation});
 }
@@ -33,5 +35,5 @@ void ErrorReport::show(const QString &title, const RuntimeError &error)
 void ErrorReport::log(const RuntimeError &error)
 {
     // A step's own line break would make two entries of one.
-    m_log.write(describe(error) + " - " + QString(m_errMsg).replace('\r', ' '));
+    m_log.write(describe(error) + u" - "_s + QString(m_errMsg).replace(u'\r', u' '));
 }

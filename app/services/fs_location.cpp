@@ -5,34 +5,36 @@
 
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace fs_location
 {
 
 namespace
 {
 
-const QString games = QStringLiteral("SOFTWARE\\Microsoft\\Microsoft Games\\Flight Simulator\\");
+constexpr QLatin1StringView games = "SOFTWARE\\Microsoft\\Microsoft Games\\Flight Simulator\\"_L1;
 constexpr std::array<QStringView, 3> folderWords = {u"aircraft", u"airplanes", u"rotorcraft"};
 
 QString registeredFolder(const Registry &registry, const QString &key, const QString &name)
 {
     const QString folder =
         registry.text(RegistryHive::LocalMachine, games + key, name).value_or(QString());
-    return folder == "No Path" ? QString() : folder;
+    return folder == u"No Path"_s ? QString() : folder;
 }
 
 } // namespace
 
 QString installation(const Registry &registry)
 {
-    const QString folder = registeredFolder(registry, "9.0", "EXE Path");
-    return folder.isEmpty() ? registeredFolder(registry, "10.0", "SetupPath") : folder;
+    const QString folder = registeredFolder(registry, u"9.0"_s, u"EXE Path"_s);
+    return folder.isEmpty() ? registeredFolder(registry, u"10.0"_s, u"SetupPath"_s) : folder;
 }
 
 QString aircraftDirectory(const QString &installation)
 {
-    const bool isX = installation.contains("Flight Simulator X", Qt::CaseInsensitive);
-    return installation + (isX ? "\\Airplanes" : "\\Aircraft");
+    const bool isX = installation.contains(u"Flight Simulator X"_s, Qt::CaseInsensitive);
+    return installation + (isX ? u"\\Airplanes"_s : u"\\Aircraft"_s);
 }
 
 bool endsInAircraftFolder(const QString &path)

@@ -7,5 +7,5 @@
 /// The path as it is when it has at most `limit` characters, else "..." and its last `limit` ones.
 inline QString shortenedPath(const QString &path, qsizetype limit)
 {
-    return path.size() <= limit ? path : QStringLiteral("...") + path.last(limit);
+    return path.size() <= limit ? path : QLatin1StringView("...") + path.last(limit);
 }

@@ -16,6 +16,8 @@
 #include <QThread>
 #include <QTimer>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -71,7 +73,7 @@ Shell::Shell(FormState &state, ErrorReport &errors, Dialogs &dialogs, ProcessSta
       m_dialogs(dialogs),
       m_processes(processes),
       m_clock(clock),
-      m_searchBuffer(bufferLength, ' ')
+      m_searchBuffer(bufferLength, u' ')
 {
 }
 
@@ -86,8 +88,8 @@ bool Shell::Shellandwait(const QString &ExeFullPath, int TimeOutValue, int Windo
         return !m_state.ended;
     } catch (const RuntimeError &error) {
         m_errors.log(error);
-        m_dialogs.show({.prompt = "Error Handled. See log.",
-                        .title = "ShellandWait Error",
+        m_dialogs.show({.prompt = u"Error Handled. See log."_s,
+                        .title = u"ShellandWait Error"_s,
                         .icon = MessageBox::Icon::Critical});
         return false;
     }
@@ -117,15 +119,15 @@ int Shell::secondsSinceMidnight() const
 
 QString Shell::FileExistsInDirTree(const QString &DirName, const QString &FileName)
 {
-    m_searchBuffer = QString(bufferLength, ' ');
+    m_searchBuffer = QString(bufferLength, u' ');
     QSet<QString> visited;
     const QString found = findInTree(DirName, FileName, visited);
     if (found.isEmpty()) {
-        return QStringLiteral("False");
+        return u"False"_s;
     }
     const QString ended = (found + QChar(u'\0')).left(bufferLength);
     m_searchBuffer.replace(0, ended.size(), ended);
-    return QStringLiteral("True");
+    return u"True"_s;
 }
 
 void Shell::Wait(int Pause) const
@@ -138,8 +140,8 @@ void Shell::Wait(int Pause) const
 
 bool Shell::CheckFileExists(const QString &filePath)
 {
-    const qsizetype backslash = filePath.lastIndexOf('\\');
-    m_tTools = backslash < 0 ? filePath : filePath.first(backslash + 1) + "TTools.exe";
+    const qsizetype backslash = filePath.lastIndexOf(u'\\');
+    m_tTools = backslash < 0 ? filePath : filePath.first(backslash + 1) + u"TTools.exe"_s;
     try {
         return files::length(m_tTools) != 0;
     } catch (const RuntimeError &) {
@@ -149,7 +151,7 @@ bool Shell::CheckFileExists(const QString &filePath)
 
 void Shell::openDocument(const QString &relativePath, Step &step)
 {
-    step.set("Opening " + m_state.MorlenEDir + relativePath);
+    step.set(u"Opening "_s + m_state.MorlenEDir + relativePath);
     paths::setCurrentDirectory(m_state.MorlenEDir);
     m_processes.openDocument(m_state.MorlenEDir + relativePath);
 }

@@ -7,15 +7,17 @@
 #include "platform/process.h"
 #include "platform/registry.h"
 
+using namespace Qt::StringLiterals;
+
 namespace suite_registry
 {
 
 namespace
 {
 
-const QString suite = QStringLiteral("SOFTWARE\\Ostrel\\Morlen Utilities\\");
-const QString pellara = QStringLiteral("SOFTWARE\\Ostrel\\Pellara\\");
-const QString varlo = QStringLiteral("SOFTWARE\\Ostrel\\Varlo\\");
+constexpr QLatin1StringView suite = "SOFTWARE\\Ostrel\\Morlen Utilities\\"_L1;
+constexpr QLatin1StringView pellara = "SOFTWARE\\Ostrel\\Pellara\\"_L1;
+constexpr QLatin1StringView varlo = "SOFTWARE\\Ostrel\\Varlo\\"_L1;
 
 QString userText(const Registry &registry, const QString &key, const QString &name)
 {
@@ -33,30 +35,30 @@ void writeUserText(Registry &registry, const QString &key, const QString &name, 
 Companions CheckRegistry(Registry &registry, const QString &folder, const QString &caption,
                          Step &step)
 {
-    step.set("Check for MorlenE exe_Path");
-    if (userText(registry, suite + "Path", "Exe_Path").isEmpty()) {
-        step.set("Create MorlenE Keys");
-        writeUserText(registry, suite + "Path", "Exe_Path", folder + "MorlenEditor.exe");
-        writeUserText(registry, suite + "Caption", "Caption", caption);
+    step.set(u"Check for MorlenE exe_Path"_s);
+    if (userText(registry, suite + u"Path"_s, u"Exe_Path"_s).isEmpty()) {
+        step.set(u"Create MorlenE Keys"_s);
+        writeUserText(registry, suite + u"Path"_s, u"Exe_Path"_s, folder + u"MorlenEditor.exe"_s);
+        writeUserText(registry, suite + u"Caption"_s, u"Caption"_s, caption);
     } else {
-        step.set("Check for MorlenE Caption");
-        if (userText(registry, suite + "Caption", "Caption") != caption) {
-            writeUserText(registry, suite + "Caption", "Caption", caption);
+        step.set(u"Check for MorlenE Caption"_s);
+        if (userText(registry, suite + u"Caption"_s, u"Caption"_s) != caption) {
+            writeUserText(registry, suite + u"Caption"_s, u"Caption"_s, caption);
         }
     }
-    step.set("Check for Pellara Exe_Path");
+    step.set(u"Check for Pellara Exe_Path"_s);
     Companions companions;
-    companions.PellaraPath = userText(registry, pellara + "Path", "Exe_Path");
-    companions.VarloPath = userText(registry, varlo + "Path", "Exe_Path");
-    step.set("Check for Pellara Caption");
-    companions.PellaraCaption = userText(registry, pellara + "Caption", "Caption");
+    companions.PellaraPath = userText(registry, pellara + u"Path"_s, u"Exe_Path"_s);
+    companions.VarloPath = userText(registry, varlo + u"Path"_s, u"Exe_Path"_s);
+    step.set(u"Check for Pellara Caption"_s);
+    companions.PellaraCaption = userText(registry, pellara + u"Caption"_s, u"Caption"_s);
     return companions;
 }
 
 QString folderOf(const QString &registeredPath, const QString &program)
 {
     const qsizetype end =
-        blind_to_case::lower(registeredPath).indexOf(blind_to_case::lower('\\' + program));
+        blind_to_case::lower(registeredPath).indexOf(blind_to_case::lower(u'\\' + program));
     return end < 0 ? registeredPath : registeredPath.first(end);
 }
 
@@ -64,10 +66,10 @@ void launch(ProcessStarter &processes, const QString &registeredPath, const QStr
             const QString &caption)
 {
     const QString folder = folderOf(registeredPath, program);
-    paths::setCurrentDirectory(folder.endsWith(':') ? folder + '\\' : folder);
+    paths::setCurrentDirectory(folder.endsWith(u':') ? folder + u'\\' : folder);
     // Without a registered caption any window that has none would do.
     if (caption.isEmpty() || !processes.raiseWindow(caption)) {
-        processes.start('"' + paths::join(folder, program) + '"', 1);
+        processes.start(u'"' + paths::join(folder, program) + u'"', 1);
     }
 }
 

@@ -46,12 +46,12 @@ def arguments(code: str, start: int) -> str:
 
 
 def constants_in(code: str) -> dict[str, str]:
-    return dict(re.findall(r"const QString (\w+) =\s*QStringLiteral\(" + STRING, code))
+    return dict(re.findall(r"constexpr QLatin1StringView (\w+) =\s*" + STRING, code))
 
 
 def literals(code: str, constants: dict[str, str]) -> list[str]:
     """The string literals in a piece of code, adjacent ones joined, named ones looked up."""
-    joined = re.sub(r'"\s*\n\s*"', "", code)
+    joined = re.sub(r'"(?:_s|_L1)?\s*\n\s*u?"', "", code)
     named = [constants[word] for word in re.findall(r"\b[a-z]\w+\b", re.sub(STRING, "", joined)) if word in constants]
     return re.findall(STRING, joined) + named
 
@@ -63,7 +63,7 @@ def messages_in(code: str) -> set[str]:
     found: list[str] = []
     for call in re.finditer(r"(?:dialogs\.show|\bshowNotice|\bask)\(", code):
         found += literals(arguments(code, call.end()), constants)
-    for call in re.finditer(r"\berrors\.(?:run|show)\(\s*(" + STRING + r"|\w+)", code):
+    for call in re.finditer(r"\berrors\.(?:run|show)\(\s*(u?" + STRING + r"|\w+)", code):
         found += literals(call[1], constants)
     found += [text for name, text in constants.items() if name.endswith(("Prompt", "Notice"))]
     pieces = (" ".join(piece.strip(" <->").split()) for text in found for piece in re.split(r"\\r|\\n", text))
@@ -75,11 +75,11 @@ class Messages(unittest.TestCase):
 
     def test_every_way_to_speak_to_the_user_is_found(self) -> None:
         code = r"""
-            const QString name = QStringLiteral("Named Title");
-            const QString shownPrompt = QStringLiteral("<--- In a label");
-            m_dialogs.show({.prompt = "First (one) " + path + "\r\rSecond"
-                                    " half", .title = name});
-            m_services.errors.run("A Title", [this] { m_state.ErrMsg = "a step"; });
+            constexpr QLatin1StringView name = "Named Title"_L1;
+            constexpr QLatin1StringView shownPrompt = "<--- In a label"_L1;
+            m_dialogs.show({.prompt = u"First (one) "_s + path + u"\r\rSecond"_s
+                                    u" half"_s, .title = name});
+            m_services.errors.run(u"A Title"_s, [this](Step &step) { step.set(u"a step"_s); });
             m_services.errors.show(name, error);
             showNotice("A notice");
             ask("Ask Title", "Asked");
