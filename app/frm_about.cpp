@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-constexpr QLatin1StringView sharedTools = "SOFTWARE\\Microsoft\\Shared Tools"_L1;
+constexpr QLatin1StringView sharedTools = R"(SOFTWARE\Microsoft\Shared Tools)"_L1;
 constexpr int normalWindow = 1;
 
 /// The text of a machine value; a number's is its hexadecimal notation. Empty without one.

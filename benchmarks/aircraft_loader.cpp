@@ -4,19 +4,19 @@
 #include "aircraft_loader/aircraft_text_file.h"
 #include "aircraft_loader/title_match.h"
 #include "app/services/services.h"
-#include "benchmarks/tree_benchmark.h"
+#include "app/services/set_in_progress.h"
+#include "benchmarks/tree.h"
+#include "benchmarks/turns.h"
 #include "platform/controls/list_box.h"
 #include "tests/support/fakes.h"
 #include "tests/support/find_control.h"
 
-#include <QProcess>
+#include <QApplication>
+#include <QBitArray>
 #include <QRadioButton>
 
 namespace
 {
-
-using tree_benchmark::bareWalk;
-using tree_benchmark::sandbox;
 
 /// Page 0 in a window of its own, on the measured tree.
 struct LoadedPage {
@@ -24,33 +24,32 @@ struct LoadedPage {
     {
         page.showDirectory(benchmark_tree::aircraftDir);
         page.show();
-        page.restoreTextFile(benchmark_tree::textFile);
+        services.state.AircraftTextDir = benchmark_tree::textFile;
     }
 
     FakeOutside outside;
     Services services{outside.outside()};
-    AircraftLoaderPage page{services};
+    SetInProgress set;
+    AircraftLoaderPage page{services, set};
 };
 
-void grep(benchmark::State &state)
-{
-    for ([[maybe_unused]] auto _ : state) {
-        QProcess process;
-        process.start(
-            "grep", {"-rihE", "^(title|cruise_speed)", sandbox->host(benchmark_tree::aircraftDir)});
-        process.waitForFinished();
-        benchmark::DoNotOptimize(process.readAllStandardOutput());
-    }
-}
-
-void loadList(benchmark::State &state)
+void loadList(const Sandbox &sandbox)
 {
     LoadedPage loaded;
-    for ([[maybe_unused]] auto _ : state) {
-        loaded.page.LoadList();
-    }
+    const auto walk = [&] { benchmark_tree::bareWalk(sandbox); };
+    const auto grep = [&] { benchmark_tree::grep(sandbox); };
+    const auto load = [&] { loaded.page.LoadList(); };
+    const auto forget = [&] { benchmark_tree::dropFromCache(sandbox); };
+    takeTurns("Page 0, 5,000 folders, 20,000 titles", 25,
+              {{"bare walk", walk},
+               {"grep", grep, {{"bare walk"}}},
+               {"LoadList", load, {{"bare walk", 2}, {"grep", 0.7}}}});
+    takeTurns("The same with no file in the cache", 7,
+              {{"bare walk", walk, {}, forget},
+               {"grep", grep, {{"bare walk"}}, forget},
+               {"LoadList", load, {{"bare walk"}, {"grep", 1}}, forget}});
     if (findControl<ListBox>(loaded.page, "Tab0List2")->count() != 15000) {
-        state.SkipWithError("the list is not what the tree holds");
+        qFatal("the list is not what the tree holds");
     }
 }
 
@@ -70,24 +69,19 @@ QBitArray nestedSearch(const QStringList &lines, const QStringList &available)
     return used;
 }
 
-void matchNested(benchmark::State &state)
+void matching()
 {
     const QStringList lines = benchmark_tree::existingLines();
     const QStringList available = benchmark_tree::availableEntries();
-    for ([[maybe_unused]] auto _ : state) {
-        benchmark::DoNotOptimize(nestedSearch(lines, available));
-    }
-}
-
-void matchTitles(benchmark::State &state)
-{
-    const QStringList lines = benchmark_tree::existingLines();
-    const QStringList available = benchmark_tree::availableEntries();
-    for ([[maybe_unused]] auto _ : state) {
-        benchmark::DoNotOptimize(matchTitles(lines, available));
-    }
-    if (matchTitles(lines, available).used != nestedSearch(lines, available)) {
-        state.SkipWithError("not what the nested search finds");
+    QBitArray used;
+    QBitArray usedAsNested;
+    takeTurns("Page 0, matching 5,000 lines with 20,000 entries", 5,
+              {{"nested search", [&] { usedAsNested = nestedSearch(lines, available); }},
+               {"matchTitles",
+                [&] { used = matchTitles(lines, available).used; },
+                {{"nested search", 0.02}}}});
+    if (used != usedAsNested) {
+        qFatal("not what the nested search finds");
     }
 }
 
@@ -112,47 +106,45 @@ struct FilledPage {
 
     FakeOutside outside;
     Services services{outside.outside()};
-    AircraftLoaderPage page{services};
+    SetInProgress set;
+    AircraftLoaderPage page{services, set};
     ListBox *list = findControl<ListBox>(page, "Tab0List2");
 };
 
-/// As LoadList does it: hidden, filled, shown and painted.
-void fillList(benchmark::State &state)
+void lists()
 {
     FilledPage filled;
     const QStringList entries = filled.list->items();
-    for ([[maybe_unused]] auto _ : state) {
-        filled.showLists(false);
-        filled.list->setItems(entries);
-        filled.showLists(true);
-        QCoreApplication::processEvents();
-    }
-}
-
-void checkAll(benchmark::State &state)
-{
-    FilledPage filled;
     auto *const all = findControl<QRadioButton>(filled.page, "optAll");
-    for ([[maybe_unused]] auto _ : state) {
-        all->click();
-        QCoreApplication::processEvents();
-    }
+    takeTurns("Page 0, 20,000 entries, painted", 25,
+              {// As LoadList does it.
+               {"hiding, filling, showing",
+                [&] {
+                    filled.showLists(false);
+                    filled.list->setItems(entries);
+                    filled.showLists(true);
+                    QCoreApplication::processEvents();
+                }},
+               {"ticking all",
+                [&] {
+                    all->click();
+                    QCoreApplication::processEvents();
+                },
+                {{"hiding, filling, showing"}}}});
     if (filled.list->selectedCount() != filled.list->count()) {
-        state.SkipWithError("not all are ticked");
+        qFatal("not all are ticked");
     }
 }
-
-BENCHMARK(bareWalk)->Unit(benchmark::kMillisecond)->UseRealTime();
-BENCHMARK(grep)->Unit(benchmark::kMillisecond)->UseRealTime();
-BENCHMARK(loadList)->Unit(benchmark::kMillisecond)->UseRealTime();
-BENCHMARK(matchNested)->Unit(benchmark::kMillisecond)->UseRealTime();
-BENCHMARK(matchTitles)->Unit(benchmark::kMillisecond)->UseRealTime();
-BENCHMARK(fillList)->Unit(benchmark::kMillisecond)->UseRealTime();
-BENCHMARK(checkAll)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 } // namespace
 
 int main(int argc, char *argv[])
 {
-    return tree_benchmark::run(argc, argv);
+    const QApplication application(argc, argv);
+    const Sandbox sandbox;
+    benchmark_tree::make(sandbox);
+    loadList(sandbox);
+    matching();
+    lists();
+    return 0;
 }

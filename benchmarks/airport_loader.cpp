@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
-// Page 1's main operations on the shipped list and on one ten times as long, beside two bare reads
-// of the same file: whole, in one call, and line by line.
+// Page 1's main operations on the shipped list and on one ten times as long, beside a bare
+// read of the same file, line by line.
 #include "airport_loader/airport_loader_page.h"
-#include "app/services/services.h"
 
+#include "app/services/services.h"
+#include "app/services/set_in_progress.h"
+#include "benchmarks/turns.h"
 #include "platform/controls/drag_list_box.h"
 #include "tests/support/fakes.h"
 #include "tests/support/find_control.h"
@@ -12,8 +14,6 @@
 #include <QApplication>
 #include <QFile>
 #include <QPushButton>
-
-#include <benchmark/benchmark.h>
 
 namespace
 {
@@ -35,18 +35,18 @@ QByteArray repeatedList(int times)
     return bytes;
 }
 
-/// Page 1 in a window of its own, with a list in place.
+/// Page 1 in a window of its own.
 struct AirportPage {
-    explicit AirportPage(int times)
+    AirportPage()
     {
-        sandbox.write(listPath, repeatedList(times));
-        sandbox.write(textFile, "");
         page.LoadCountry();
         page.show();
     }
 
-    void chooseFile()
+    /// Chooses an empty text file.
+    void chooseFile(const Sandbox &sandbox)
     {
+        sandbox.write(textFile, "");
         outside.dialogs.files = {textFile};
         findControl<QPushButton>(page, "Tab1cmdBrowse")->click();
     }
@@ -64,114 +64,85 @@ struct AirportPage {
         Q_EMIT chosen->dropped(entry);
     }
 
-    void previous() { findControl<QPushButton>(page, "Tab1cmdPrevious")->click(); }
+    void goBack()
+    {
+        auto *const previous = findControl<QPushButton>(page, "Tab1cmdPrevious");
+        if (!previous->isHidden()) {
+            previous->click();
+        }
+    }
 
-    Sandbox sandbox;
+    /// The answer is not to view the file.
+    void append() { findControl<QPushButton>(page, "Tab1cmdCreateFile")->click(); }
+
     FakeOutside outside;
     Services services{outside.outside()};
-    AirportLoaderPage page{services};
+    SetInProgress set;
+    AirportLoaderPage page{services, set};
     DragListBox *available = findControl<DragListBox>(page, "Tab1List1");
     DragListBox *chosen = findControl<DragListBox>(page, "Tab1List2");
 };
 
-void bareRead(benchmark::State &state)
+void readByLine(const Sandbox &sandbox)
 {
-    const AirportPage loaded(static_cast<int>(state.range(0)));
-    for ([[maybe_unused]] auto _ : state) {
-        QFile file(loaded.sandbox.host(listPath));
-        benchmark::DoNotOptimize(file.open(QIODevice::ReadOnly));
-        benchmark::DoNotOptimize(file.readAll());
+    QFile file(sandbox.host(listPath));
+    if (!file.open(QIODevice::ReadOnly)) {
+        qFatal("no airport list");
+    }
+    while (!file.atEnd()) {
+        file.readLine();
     }
 }
 
-void bareReadByLine(benchmark::State &state)
+void measure(const std::string &title, int times)
 {
-    const AirportPage loaded(static_cast<int>(state.range(0)));
-    for ([[maybe_unused]] auto _ : state) {
-        QFile file(loaded.sandbox.host(listPath));
-        benchmark::DoNotOptimize(file.open(QIODevice::ReadOnly));
-        while (!file.atEnd()) {
-            benchmark::DoNotOptimize(file.readLine());
-        }
-    }
-}
-
-void countryList(benchmark::State &state)
-{
-    AirportPage loaded(static_cast<int>(state.range(0)));
-    for ([[maybe_unused]] auto _ : state) {
-        loaded.available->clear();
-        loaded.page.LoadCountry();
+    const Sandbox sandbox;
+    sandbox.write(listPath, repeatedList(times));
+    AirportPage countries;
+    AirportPage browsed;
+    AirportPage single;
+    AirportPage whole;
+    const auto loadCountries = [&] {
+        countries.page.LoadCountry();
         QCoreApplication::processEvents();
-    }
-}
-
-/// Opens a country, without the way back.
-void openCountry(benchmark::State &state, const QString &country)
-{
-    AirportPage loaded(static_cast<int>(state.range(0)));
-    for ([[maybe_unused]] auto _ : state) {
-        loaded.open(country);
-        state.PauseTiming();
-        loaded.previous();
-        state.ResumeTiming();
-    }
-}
-
-void provinceList(benchmark::State &state)
-{
-    openCountry(state, "United States");
-}
-
-void airportList(benchmark::State &state)
-{
-    openCountry(state, "Brazil"); // the largest country without provinces
-}
-
-/// Presses the button with the choices made; the answer is not to view the file.
-void append(benchmark::State &state, AirportPage &loaded, const std::function<void()> &choose)
-{
-    for ([[maybe_unused]] auto _ : state) {
-        state.PauseTiming();
-        loaded.sandbox.write(textFile, "");
-        loaded.chooseFile();
-        choose();
-        state.ResumeTiming();
-        findControl<QPushButton>(loaded.page, "Tab1cmdCreateFile")->click();
-    }
-}
-
-void append1000Airports(benchmark::State &state)
-{
-    AirportPage loaded(static_cast<int>(state.range(0)));
-    append(state, loaded, [&] {
-        loaded.open("Brazil");
+    };
+    const auto choose1000 = [&] {
+        single.chooseFile(sandbox);
+        single.open("Brazil"); // the largest country without provinces
         for (int i = 0; i < 1000; ++i) {
-            loaded.choose(loaded.available->text(0));
+            single.choose(single.available->text(0));
         }
-    });
+    };
+    const auto chooseLargest = [&] {
+        whole.chooseFile(sandbox);
+        whole.choose("United States");
+    };
+    const std::string read = "bare read by line";
+    takeTurns(
+        title, 15,
+        {{read, [&] { readByLine(sandbox); }},
+         {"country list", loadCountries, {{read, 3}}, [&] { countries.available->clear(); }},
+         {"province list of the United States",
+          [&] { browsed.open("United States"); },
+          {{read, 3}},
+          [&] { browsed.goBack(); }},
+         {"airport list of Brazil",
+          [&] { browsed.open("Brazil"); },
+          {{read, 3}},
+          [&] { browsed.goBack(); }},
+         {"appending 1,000 airports one by one",
+          [&] { single.append(); },
+          {{read, 20}},
+          choose1000},
+         {"appending the United States", [&] { whole.append(); }, {{read, 5}}, chooseLargest}});
 }
-
-void appendLargestCountry(benchmark::State &state)
-{
-    AirportPage loaded(static_cast<int>(state.range(0)));
-    append(state, loaded, [&] { loaded.choose("United States"); });
-}
-
-BENCHMARK(bareRead)->Arg(1)->Arg(10)->Unit(benchmark::kMillisecond)->UseRealTime();
-BENCHMARK(bareReadByLine)->Arg(1)->Arg(10)->Unit(benchmark::kMillisecond)->UseRealTime();
-BENCHMARK(countryList)->Arg(1)->Arg(10)->Unit(benchmark::kMillisecond)->UseRealTime();
-BENCHMARK(provinceList)->Arg(1)->Arg(10)->Unit(benchmark::kMillisecond)->UseRealTime();
-BENCHMARK(airportList)->Arg(1)->Arg(10)->Unit(benchmark::kMillisecond)->UseRealTime();
-BENCHMARK(append1000Airports)->Arg(1)->Arg(10)->Unit(benchmark::kMillisecond)->UseRealTime();
-BENCHMARK(appendLargestCountry)->Arg(1)->Arg(10)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 } // namespace
 
 int main(int argc, char *argv[])
 {
     const QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
+    measure("Page 1, the shipped airport list", 1);
+    measure("Page 1, a list ten times as long", 10);
     return 0;
 }

@@ -1,28 +1,27 @@
 // SPDX-License-Identifier: MIT
 // Page 3's main operations beside a bare read, or write, of the same bytes.
-#include "app/services/services.h"
-#include "benchmarks/tree_benchmark.h"
 #include "config_editor/config_editor_page.h"
+
+#include "app/services/services.h"
+#include "benchmarks/tree.h"
+#include "benchmarks/turns.h"
 #include "platform/controls/list_box.h"
 #include "tests/support/fakes.h"
 #include "tests/support/find_control.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QFile>
 
 namespace
 {
 
-using tree_benchmark::bareWalk;
-using tree_benchmark::sandbox;
-
-/// Page 3 in a window of its own, on the measured tree.
-struct LoadedPage {
-    LoadedPage()
+/// Page 3 in a window of its own.
+struct Page {
+    Page()
     {
         services.state.MorlenEDir = "C:\\Morlen\\";
         page.show();
-        page.showDirectory(benchmark_tree::aircraftDir);
     }
 
     FakeOutside outside;
@@ -30,55 +29,47 @@ struct LoadedPage {
     ConfigEditorPage page{services};
 };
 
-void tab3LoadList(benchmark::State &state)
+void catalogue(const Sandbox &sandbox)
 {
-    LoadedPage loaded;
-    for ([[maybe_unused]] auto _ : state) {
-        loaded.page.Tab3LoadList();
-    }
-    if (findControl<ListBox>(loaded.page, "Tab3List1")->count() != 5000) {
-        state.SkipWithError("the list is not what the tree holds");
-    }
-}
-
-QStringList fiveThousandEntries()
-{
-    return QStringList(5000, QString(75, 'x') + "  \\some_aircraft_folder");
-}
-
-void bareWrite(benchmark::State &state)
-{
-    LoadedPage loaded;
-    findControl<ListBox>(loaded.page, "Tab3List7")->setItems(fiveThousandEntries());
-    findControl<QCheckBox>(loaded.page, "Tab3chkDumpList")->click();
-    const QByteArray bytes = sandbox->read("C:\\Morlen\\AircraftList.txt");
-    const QString path = sandbox->host("C:\\Morlen\\Bare.txt");
-    for ([[maybe_unused]] auto _ : state) {
-        QFile file(path);
-        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) {
-            state.SkipWithError("cannot write");
-        }
+    Page shown;
+    shown.page.showDirectory(benchmark_tree::aircraftDir);
+    takeTurns("Page 3, 5,000 folders", 25,
+              {{"bare walk", [&] { benchmark_tree::bareWalk(sandbox); }},
+               {"Tab3LoadList", [&] { shown.page.Tab3LoadList(); }, {{"bare walk", 1.8}}}});
+    if (findControl<ListBox>(shown.page, "Tab3List1")->count() != 5000) {
+        qFatal("the list is not what the tree holds");
     }
 }
 
-void dumpListing(benchmark::State &state)
+void dump(const Sandbox &sandbox)
 {
-    LoadedPage loaded;
-    findControl<ListBox>(loaded.page, "Tab3List7")->setItems(fiveThousandEntries());
-    auto *const box = findControl<QCheckBox>(loaded.page, "Tab3chkDumpList");
-    for ([[maybe_unused]] auto _ : state) {
-        box->click(); // answered No, which takes the tick away
-    }
+    Page shown;
+    findControl<ListBox>(shown.page, "Tab3List7")
+        ->setItems(QStringList(5000, QString(75, 'x') + "  \\some_aircraft_folder"));
+    auto *const box = findControl<QCheckBox>(shown.page, "Tab3chkDumpList");
+    box->setEnabled(true); // which a listed directory does
+    box->click();
+    const QByteArray bytes = sandbox.read("C:\\Morlen\\AircraftList.txt");
+    takeTurns("Page 3, dump of 5,000 entries", 25,
+              {{"bare write",
+                [&] {
+                    QFile file(sandbox.host("C:\\Morlen\\Bare.txt"));
+                    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) {
+                        qFatal("cannot write");
+                    }
+                }},
+               // Answered No, which takes the tick away.
+               {"dump", [&] { box->click(); }, {{"bare write", 5}}}});
 }
-
-BENCHMARK(bareWalk)->Unit(benchmark::kMillisecond)->UseRealTime();
-BENCHMARK(tab3LoadList)->Unit(benchmark::kMillisecond)->UseRealTime();
-BENCHMARK(bareWrite)->Unit(benchmark::kMicrosecond)->UseRealTime();
-BENCHMARK(dumpListing)->Unit(benchmark::kMicrosecond)->UseRealTime();
 
 } // namespace
 
 int main(int argc, char *argv[])
 {
-    return tree_benchmark::run(argc, argv);
+    const QApplication application(argc, argv);
+    const Sandbox sandbox;
+    benchmark_tree::make(sandbox);
+    catalogue(sandbox);
+    dump(sandbox);
+    return 0;
 }

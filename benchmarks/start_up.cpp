@@ -1,16 +1,13 @@
 // SPDX-License-Identifier: MIT
-// Start-up to a painted main window, against an empty window and a bare read of the same files, in
-// one run: a first run with the airport list alone, then with all lists filled.
+// Start-up to a painted main window, against an empty window and a bare read of the same files: a
+// first run with the airport list alone, then with all lists filled.
 #include "benchmarks/tree.h"
+#include "benchmarks/turns.h"
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
-#include <QFileInfo>
+#include <QFile>
 
 #include <algorithm>
-#include <cstdio>
-#include <functional>
-#include <vector>
 
 #include <spawn.h>
 #include <sys/resource.h>
@@ -18,22 +15,6 @@
 
 namespace
 {
-
-constexpr int rounds = 15;
-
-double milliseconds(const std::function<void()> &work)
-{
-    QElapsedTimer timer;
-    timer.start();
-    work();
-    return static_cast<double>(timer.nsecsElapsed()) / 1e6;
-}
-
-double median(std::vector<double> values)
-{
-    std::nth_element(values.begin(), values.begin() + rounds / 2, values.end());
-    return values[rounds / 2];
-}
 
 /// Runs a program of the benchmark folder to its end. Returns its peak resident memory in MB.
 double run(const char *name)
@@ -51,60 +32,67 @@ double run(const char *name)
     return static_cast<double>(usage.ru_maxrss) / 1024;
 }
 
-/// A start of the program beside an empty window's and a bare read. The three take turns, so that
-/// what else the machine does meets them alike.
-struct Comparison {
-    double empty = 0;
-    double read = 0;
-    double program = 0;
-    double beyond = 0; ///< the empty window, in bare reads
-    double memory = 0; ///< of the program, in MB
-
-    explicit Comparison(const std::function<void()> &bareRead)
+/// A simulator, and settings that name it.
+struct Installed {
+    explicit Installed(int folders)
     {
-        std::vector<double> emptyTimes;
-        std::vector<double> readTimes;
-        std::vector<double> programTimes;
-        std::vector<double> ratios;
-        for (int i = 0; i < rounds; ++i) {
-            emptyTimes.push_back(milliseconds([] { run("empty_window"); }));
-            readTimes.push_back(milliseconds(bareRead));
-            programTimes.push_back(
-                milliseconds([&] { memory = std::max(memory, run("painted_program")); }));
-            ratios.push_back((programTimes.back() - emptyTimes.back()) / readTimes.back());
-        }
-        empty = median(emptyTimes);
-        read = median(readTimes);
-        program = median(programTimes);
-        beyond = median(ratios);
+        benchmark_tree::addAirportList(sandbox);
+        benchmark_tree::make(sandbox, folders);
+        sandbox.write("C:\\Morlen\\MorlenE.ini",
+                      "0\r\n\r\nc:\r\n" + benchmark_tree::aircraftDir.toLatin1() + "\r\n" +
+                          benchmark_tree::textFile.toLatin1() + "\r\nTrue\r\n");
     }
+
+    void start() { memory = std::max(memory, run("painted_program")); }
+
+    Sandbox sandbox;
+    double memory = 0;
 };
+
+const Work emptyWindow = {"empty window", [] { run("empty_window"); }};
+
+void firstRun()
+{
+    const Sandbox sandbox;
+    benchmark_tree::addAirportList(sandbox);
+    takeTurns("First run, without a simulator", 15,
+              {emptyWindow,
+               {"airport list, by line", [&] { benchmark_tree::readAirportList(sandbox); }},
+               {"start-up",
+                [] { run("painted_program"); },
+                {{"airport list, by line", 0, "empty window"}}}});
+}
+
+void collection()
+{
+    Installed fs9(5000);
+    const auto forget = [&] { benchmark_tree::dropFromCache(fs9.sandbox); };
+    takeTurns("5,000 folders, 20,000 titles", 15,
+              {emptyWindow,
+               {"bare walk", [&] { benchmark_tree::bareWalk(fs9.sandbox); }},
+               {"start-up", [&] { fs9.start(); }, {{"bare walk", 3.5, "empty window"}}}});
+    printFigure("peak memory", fs9.memory, "MB", 120);
+    takeTurns("The same with no file in the cache", 7,
+              {{"grep", [&] { benchmark_tree::grep(fs9.sandbox); }, {}, forget},
+               {"start-up", [&] { fs9.start(); }, {{"grep", 1}}, forget}});
+}
+
+void largestCollection()
+{
+    Installed fs9(50000);
+    takeTurns("50,000 folders, 200,000 titles", 5,
+              {{"grep", [&] { benchmark_tree::grep(fs9.sandbox); }},
+               {"start-up", [&] { fs9.start(); }, {{"grep", 1}}}});
+    printFigure("peak memory", fs9.memory, "MB", 200);
+}
 
 } // namespace
 
 int main(int argc, char *argv[])
 {
     const QCoreApplication application(argc, argv);
-    {
-        const Sandbox sandbox;
-        benchmark_tree::addAirportList(sandbox);
-        const Comparison firstRun([&] { benchmark_tree::readAirportList(sandbox); });
-        std::printf("empty window          %8.1f ms\n", firstRun.empty);
-        std::printf("airport list, by line %8.1f ms\n", firstRun.read);
-        std::printf("program, first run    %8.1f ms\n", firstRun.program);
-        std::printf("  beyond the empty window: %.2f times the list\n", firstRun.beyond);
-    }
-    const Sandbox sandbox;
-    benchmark_tree::addAirportList(sandbox);
-    benchmark_tree::make(sandbox);
-    sandbox.write("C:\\Morlen\\MorlenE.ini",
-                  "0\r\n\r\nc:\r\n" + benchmark_tree::aircraftDir.toLatin1() + "\r\n" +
-                      benchmark_tree::textFile.toLatin1() + "\r\nTrue\r\n");
-    benchmark_tree::bareWalk(sandbox); // warm
-    const Comparison filled([&] { benchmark_tree::bareWalk(sandbox); });
-    std::printf("bare walk             %8.1f ms\n", filled.read);
-    std::printf("program, lists filled %8.1f ms\n", filled.program);
-    std::printf("  beyond the empty window: %.2f bare walks\n", filled.beyond);
-    std::printf("peak resident memory  %8.1f MB\n", filled.memory);
+    firstRun();
+    collection();
+    largestCollection();
     return 0;
 }

@@ -2,6 +2,7 @@
 #include "benchmarks/tree.h"
 
 #include <QFile>
+#include <QProcess>
 
 #include <array>
 #include <string>
@@ -17,7 +18,7 @@ namespace
 {
 
 const QString airportList = QStringLiteral("C:\\windows\\system32\\ZENTAM.OCX");
-constexpr int folderCount = 5000;
+constexpr int usualCount = 5000; // of folders; as many titles are in the text file
 constexpr int titlesPerFolder = 4;
 
 QString title(int folder, int variation)
@@ -75,15 +76,48 @@ qint64 readWhole(const std::string &path, std::string &buffer)
     return total;
 }
 
+template <typename Visit>
+void forEachCfg(const Sandbox &sandbox, Visit visit)
+{
+    const std::string root = sandbox.host(aircraftDir).toStdString();
+    DIR *const folders = ::opendir(root.c_str());
+    while (const dirent *entry = ::readdir(folders)) {
+        if (entry->d_name[0] != '.') {
+            visit(root + '/' + entry->d_name + "/aircraft.cfg");
+        }
+    }
+    ::closedir(folders);
+}
+
 } // namespace
 
-void make(const Sandbox &sandbox)
+void make(const Sandbox &sandbox, int folders)
 {
-    for (int folder = 0; folder < folderCount; ++folder) {
+    for (int folder = 0; folder < folders; ++folder) {
         sandbox.write(aircraftDir + '\\' + folderName(folder) + "\\aircraft.cfg",
                       aircraftCfg(folder));
     }
     sandbox.write(textFile, existingLines().join("\r\n").toLatin1() + "\r\n");
+    ::sync(); // only what is on the disk can be dropped from the cache
+}
+
+void dropFromCache(const Sandbox &sandbox)
+{
+    forEachCfg(sandbox, [](const std::string &path) {
+        const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+        ::posix_fadvise(file, 0, 0, POSIX_FADV_DONTNEED);
+        ::close(file);
+    });
+}
+
+void grep(const Sandbox &sandbox)
+{
+    QProcess process;
+    process.start("grep", {"-rihE", "^(title|cruise_speed)", sandbox.host(aircraftDir)});
+    process.waitForFinished(-1);
+    if (process.readAllStandardOutput().isEmpty()) {
+        qFatal("grep found nothing");
+    }
 }
 
 void addAirportList(const Sandbox &sandbox)
@@ -110,22 +144,15 @@ qint64 readAirportList(const Sandbox &sandbox)
 qint64 bareWalk(const Sandbox &sandbox)
 {
     static std::string buffer(1 << 16, '\0');
-    const std::string root = sandbox.host(aircraftDir).toStdString();
     qint64 total = readWhole(sandbox.host(textFile).toStdString(), buffer);
-    DIR *const folders = ::opendir(root.c_str());
-    while (const dirent *entry = ::readdir(folders)) {
-        if (entry->d_name[0] != '.') {
-            total += readWhole(root + '/' + entry->d_name + "/aircraft.cfg", buffer);
-        }
-    }
-    ::closedir(folders);
+    forEachCfg(sandbox, [&](const std::string &path) { total += readWhole(path, buffer); });
     return total;
 }
 
 QStringList availableEntries()
 {
     QStringList entries;
-    for (int folder = 0; folder < folderCount; ++folder) {
+    for (int folder = 0; folder < usualCount; ++folder) {
         for (int i = 0; i < titlesPerFolder; ++i) {
             entries += title(folder, i) + ' ' + speed(folder);
         }
@@ -136,7 +163,7 @@ QStringList availableEntries()
 QStringList existingLines()
 {
     QStringList lines;
-    for (int folder = 0; folder < folderCount; ++folder) {
+    for (int folder = 0; folder < usualCount; ++folder) {
         lines += QStringLiteral("AC#%1,%2,\"%3\"")
                      .arg(QString::number(folder + 1), speed(folder),
                           title(folder, folder % titlesPerFolder));

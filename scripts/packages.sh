@@ -3,4 +3,3 @@ build_packages=(g++ cmake ninja-build qt6-base-dev qt6-base-dev-tools libgl1-mes
 display_packages=(python3 xvfb xauth openbox xdotool x11-utils imagemagick fonts-dejavu-core)
 check_packages=(clang-format clang-tidy)
 wine_packages=(wine wine64)
-benchmark_packages=(libbenchmark-dev)

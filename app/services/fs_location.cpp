@@ -13,7 +13,7 @@ namespace fs_location
 namespace
 {
 
-constexpr QLatin1StringView games = "SOFTWARE\\Microsoft\\Microsoft Games\\Flight Simulator\\"_L1;
+constexpr QLatin1StringView games = R"(SOFTWARE\Microsoft\Microsoft Games\Flight Simulator\)"_L1;
 constexpr std::array<QStringView, 3> folderWords = {u"aircraft", u"airplanes", u"rotorcraft"};
 
 QString registeredFolder(const Registry &registry, const QString &key, const QString &name)

@@ -15,9 +15,9 @@ namespace suite_registry
 namespace
 {
 
-constexpr QLatin1StringView suite = "SOFTWARE\\Ostrel\\Morlen Utilities\\"_L1;
-constexpr QLatin1StringView pellara = "SOFTWARE\\Ostrel\\Pellara\\"_L1;
-constexpr QLatin1StringView varlo = "SOFTWARE\\Ostrel\\Varlo\\"_L1;
+constexpr QLatin1StringView suite = R"(SOFTWARE\Ostrel\Morlen Utilities\)"_L1;
+constexpr QLatin1StringView pellara = R"(SOFTWARE\Ostrel\Pellara\)"_L1;
+constexpr QLatin1StringView varlo = R"(SOFTWARE\Ostrel\Varlo\)"_L1;
 
 QString userText(const Registry &registry, const QString &key, const QString &name)
 {
