@@ -51,20 +51,20 @@ struct AirportPage {
         findControl<QPushButton>(page, "Tab1cmdBrowse")->click();
     }
 
-    void open(const QString &entry)
+    void open(const QString &entry) const
     {
         available->setListIndex(static_cast<int>(available->items().indexOf(entry)));
         Q_EMIT available->entryDoubleClicked();
         QCoreApplication::processEvents();
     }
 
-    void choose(const QString &entry)
+    void choose(const QString &entry) const
     {
         available->setListIndex(static_cast<int>(available->items().indexOf(entry)));
         Q_EMIT chosen->dropped(entry);
     }
 
-    void goBack()
+    void goBack() const
     {
         auto *const previous = findControl<QPushButton>(page, "Tab1cmdPrevious");
         if (!previous->isHidden()) {
@@ -73,7 +73,7 @@ struct AirportPage {
     }
 
     /// The answer is not to view the file.
-    void append() { findControl<QPushButton>(page, "Tab1cmdCreateFile")->click(); }
+    void append() const { findControl<QPushButton>(page, "Tab1cmdCreateFile")->click(); }
 
     FakeOutside outside;
     Services services{outside.outside()};

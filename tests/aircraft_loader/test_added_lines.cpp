@@ -29,7 +29,7 @@ struct Addition {
     QDateTime time = QDateTime({2026, 11, 1}, {14, 3, 27}); // a Sunday
 };
 
-const QString comment =
+const QString usualComment =
     QStringLiteral("//AI Aircraft Added Sunday, November 01, 2026 14:03:27\r\n");
 
 } // namespace
@@ -55,7 +55,7 @@ private Q_SLOTS:
 void TestAddedLines::linesAreNumberedOnBelowOneComment()
 {
     Addition addition(3, 9);
-    QCOMPARE(addition.add("Boeing 250"), comment + "AC#10,250,\"Boeing\"\r\n");
+    QCOMPARE(addition.add("Boeing 250"), usualComment + "AC#10,250,\"Boeing\"\r\n");
     QCOMPARE(addition.steps.ErrMsg, QString("Numbering Boeing"));
     QCOMPARE(addition.add("Airbus 454"), QString("AC#11,454,\"Airbus\"\r\n"));
 }
@@ -65,7 +65,7 @@ void TestAddedLines::nextAdditionHasACommentOfItsOwnAndNumbersOn()
     Addition first;
     first.add("Boeing 250");
     Addition second(first.file.AircraftCount, first.file.Number);
-    QCOMPARE(second.add("Airbus 454"), comment + "AC#2,454,\"Airbus\"\r\n");
+    QCOMPARE(second.add("Airbus 454"), usualComment + "AC#2,454,\"Airbus\"\r\n");
 }
 
 void TestAddedLines::commentHoldsLongDateAndClock_data()
@@ -95,7 +95,7 @@ void TestAddedLines::commentIsEnglishInEveryLocale()
     const auto restore = qScopeGuard([&] { QLocale::setDefault(before); });
     QLocale::setDefault(QLocale(QLocale::German));
     Addition addition;
-    QVERIFY(addition.add("Boeing 250").startsWith(comment));
+    QVERIFY(addition.add("Boeing 250").startsWith(usualComment));
 }
 
 void TestAddedLines::entryIsTakenApartAtTheBlankBeforeItsSpeed_data()
@@ -139,7 +139,7 @@ void TestAddedLines::speedOfFiveFiguresTakesTheValuesOfTheEntryBefore()
 void TestAddedLines::speedOfFiveFiguresFirstHasNoValues()
 {
     Addition addition;
-    QCOMPARE(addition.add("Boeing 12345"), comment + "AC#1,,\"\"\r\n");
+    QCOMPARE(addition.add("Boeing 12345"), usualComment + "AC#1,,\"\"\r\n");
 }
 
 void TestAddedLines::figureBeyond32767IsAnOverflow_data()

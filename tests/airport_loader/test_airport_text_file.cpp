@@ -58,14 +58,14 @@ public:
 
     AirportChoice choice()
     {
-        const QString country = code_page::decode(pick(countries));
+        const QString country = code_page::decode(pick(m_countries));
         switch (m_random.bounded(6)) {
         case 0:
             return {country, country};
         case 1: // a province looked up in its country, or with the codes in front
-            return {code_page::decode(pick(provinces)), country};
+            return {code_page::decode(pick(m_provinces)), country};
         case 2: {
-            const QString province = code_page::decode(pick(provinces));
+            const QString province = code_page::decode(pick(m_provinces));
             return {province, province};
         }
         case 3: // too short to be told by its first four bytes
@@ -111,20 +111,13 @@ private:
     QByteArray record()
     {
         const QByteArray icao = code();
-        return pick(countries) + '|' + pick(provinces) + '|' + text(12) + '|' + text(9) + '|' +
+        return pick(m_countries) + '|' + pick(m_provinces) + '|' + text(12) + '|' + text(9) + '|' +
                icao + '|' + icao + ",N50*" + text(6) + pick({"", "|", icao});
     }
 
-    const QByteArrayList countries = {
+    const QByteArrayList m_countries = {
         "Guinea", "Guinea-Bissau", "Guinea, Republic of", "Canada", "C\xF4te d'Ivoire", "Ca", ""};
-    const QByteArrayList provinces = {"",
-                                      "",
-                                      "Alberta",
-                                      "Qu\xE9"
-                                      "bec",
-                                      "Canada",
-                                      "Al",
-                                      "BAAB"};
+    const QByteArrayList m_provinces = {"", "", "Alberta", "Qu\351bec", "Canada", "Al", "BAAB"};
 
     QRandomGenerator m_random;
 };

@@ -5,6 +5,8 @@
 
 #include <QtTest>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -142,7 +144,7 @@ void TestSession::fewerThanSixValuesFail()
 
 void TestSession::whatFollowsTheSixthValueIsIgnored()
 {
-    QCOMPARE(parsed(usualBytes + "more\r\n\"even\0more"), valuesOf(usual));
+    QCOMPARE(parsed(usualBytes + "more\r\n\"even\0more"_ba), valuesOf(usual));
 }
 
 void TestSession::fileIsInTheCodePage()

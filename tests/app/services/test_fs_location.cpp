@@ -9,7 +9,7 @@
 namespace
 {
 
-const QString fsX = QStringLiteral("C:\\Games\\Microsoft Flight Simulator X");
+const QString usualFsX = QStringLiteral("C:\\Games\\Microsoft Flight Simulator X");
 const QString games = QStringLiteral("SOFTWARE\\Microsoft\\Microsoft Games\\Flight Simulator\\");
 
 /// The aircraft directory that a registry leads to; empty when it names no simulator.
@@ -55,9 +55,9 @@ void TestFsLocation::onlyFs9InstalledGivesItsFolderAndAircraft()
 void TestFsLocation::onlyFsXInstalledGivesItsFolderAndAirplanes()
 {
     FakeRegistry registry;
-    registry.installFsX(fsX);
-    QCOMPARE(fs_location::installation(registry), fsX);
-    QCOMPARE(aircraftDirectoryBy(registry), fsX + "\\Airplanes");
+    registry.installFsX(usualFsX);
+    QCOMPARE(fs_location::installation(registry), usualFsX);
+    QCOMPARE(aircraftDirectoryBy(registry), usualFsX + "\\Airplanes");
 }
 
 void TestFsLocation::neitherInstalledGivesNothing()
@@ -69,16 +69,16 @@ void TestFsLocation::emptyFs9ValueFallsThroughToFsX()
 {
     FakeRegistry registry;
     registry.installFs9("");
-    registry.installFsX(fsX);
-    QCOMPARE(aircraftDirectoryBy(registry), fsX + "\\Airplanes");
+    registry.installFsX(usualFsX);
+    QCOMPARE(aircraftDirectoryBy(registry), usualFsX + "\\Airplanes");
 }
 
 void TestFsLocation::noPathCountsAsNotInstalled()
 {
     FakeRegistry registry;
     registry.installFs9("No Path");
-    registry.installFsX(fsX);
-    QCOMPARE(fs_location::installation(registry), fsX);
+    registry.installFsX(usualFsX);
+    QCOMPARE(fs_location::installation(registry), usualFsX);
     registry.installFsX("No Path");
     QCOMPARE(fs_location::installation(registry), QString());
 }
@@ -87,7 +87,7 @@ void TestFsLocation::fs9WinsOverFsX()
 {
     FakeRegistry registry;
     registry.installFs9("C:\\FS9");
-    registry.installFsX(fsX);
+    registry.installFsX(usualFsX);
     QCOMPARE(fs_location::installation(registry), QString("C:\\FS9"));
 }
 
@@ -96,7 +96,7 @@ void TestFsLocation::wordsInThePathDecideNotTheKey_data()
     QTest::addColumn<QString>("fs9");
     QTest::addColumn<QString>("fsX");
     QTest::addColumn<QString>("directory");
-    QTest::newRow("words under the FS9 key") << fsX << "" << fsX + "\\Airplanes";
+    QTest::newRow("words under the FS9 key") << usualFsX << "" << usualFsX + "\\Airplanes";
     QTest::newRow("no words under the X key") << ""
                                               << "D:\\FSX"
                                               << "D:\\FSX\\Aircraft";

@@ -165,7 +165,7 @@ void TestShell::zeroOrNegativeTimeOutIsNone()
     int looks = 0;
     run.outside.processes.whileRunning = [&] {
         ++looks;
-        run.outside.clock.time = run.outside.clock.time.addSecs(7 * 3600);
+        run.outside.clock.time = run.outside.clock.time.addSecs(qint64{7} * 3600);
     };
     QVERIFY(run.services.shell.Shellandwait("TTools.exe", timeOut, 1));
     QCOMPARE(looks, 4);
