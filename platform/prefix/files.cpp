@@ -9,8 +9,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
-#include <QStandardPaths>
-#include <QStorageInfo>
 #include <QThread>
 
 #include <algorithm>
@@ -305,37 +303,6 @@ void remove(const QString &path)
     if (::unlink(host.constData()) != 0) {
         throwFor(host);
     }
-}
-
-namespace
-{
-
-bool makePrivateFolder(const QByteArray &host)
-{
-    return (::mkdir(host.constData(), 0700) == 0 || errno == EEXIST) &&
-           ::faccessat(AT_FDCWD, host.constData(), W_OK, AT_EACCESS) == 0;
-}
-
-/// Whether there is a trash for a file. To be asked first: without one the toolkit would move the
-/// file into the current directory.
-bool hasTrash(const QString &host)
-{
-    const QStorageInfo disk(host);
-    const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-    const bool atHome = disk == QStorageInfo(QDir::home()) && QDir().mkpath(data);
-    const QByteArray trash =
-        QFile::encodeName(atHome ? data + u"/Trash"_s
-                                 : disk.rootPath() + u"/.Trash-"_s + QString::number(::getuid()));
-    return makePrivateFolder(trash) && makePrivateFolder(trash + "/files") &&
-           makePrivateFolder(trash + "/info");
-}
-
-} // namespace
-
-bool moveToTrash(const QString &path)
-{
-    const QString host = QFile::decodeName(hostName(path));
-    return hasTrash(host) && QFile::moveToTrash(host);
 }
 
 bool isSame(const QString &path, const QString &other)
