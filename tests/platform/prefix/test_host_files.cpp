@@ -60,17 +60,11 @@ pid_t endedProcess()
 class Trash
 {
 public:
-    explicit Trash(const Sandbox &sandbox) : m_before(qgetenv("XDG_DATA_HOME"))
+    explicit Trash(const Sandbox &sandbox)
+        : folder(sandbox.host("C:\\share\\Trash")),
+          m_dataHome("XDG_DATA_HOME", QFile::encodeName(sandbox.host("C:\\share")))
     {
-        sandbox.makeFolder("C:\\share");
-        folder = sandbox.host("C:\\share") + "/Trash";
-        qputenv("XDG_DATA_HOME", QFile::encodeName(sandbox.host("C:\\share")));
     }
-
-    ~Trash() { qputenv("XDG_DATA_HOME", m_before); }
-
-    Trash(const Trash &) = delete;
-    Trash &operator=(const Trash &) = delete;
 
     QStringList files() const { return QDir(folder + "/files").entryList(QDir::Files); }
 
@@ -79,7 +73,7 @@ public:
     QString folder;
 
 private:
-    QByteArray m_before;
+    Environment m_dataHome;
 };
 
 } // namespace
