@@ -75,6 +75,8 @@ private Q_SLOTS:
     void savedDriveThatIsGoneIsReported();
     void unwritableProgramFolderIsReportedAndTheWindowIsUsable();
     void registeredFolderThatIsGoneIsReported();
+    void registryThatCannotBeReadIsReported_data();
+    void registryThatCannotBeReadIsReported();
     void neitherSimulatorLeavesTheLabelEmptyAndThePickersAlone();
     void simulatorXGivesAirplanes();
     void registeredFolderMayEndInABackslash();
@@ -534,6 +536,35 @@ void TestStartUp::registeredFolderThatIsGoneIsReported()
     QCOMPARE(program.outside.dialogs.boxes[0].prompt,
              QString("Error  76 Path not found\rGet FlightSim Path"));
     QCOMPARE(program.find<ListBox>("Tab0List2")->count(), 1); // the saved directory is there
+}
+
+void TestStartUp::registryThatCannotBeReadIsReported_data()
+{
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QString>("title");
+    QTest::addColumn<QString>("step");
+    QTest::newRow("simulator") << "Flight Simulator"
+                               << "FS Path Error"
+                               << "Get FlightSim Path";
+    QTest::newRow("suite") << "Ostrel"
+                           << "Check Registry Errors"
+                           << "Check for MorlenE exe_Path";
+}
+
+void TestStartUp::registryThatCannotBeReadIsReported()
+{
+    QFETCH(QString, key);
+    QFETCH(QString, title);
+    QFETCH(QString, step);
+    Program program;
+    program.outside.registry.failing = key;
+    program.rememberUsualRun();
+    program.start();
+    const auto &boxes = program.outside.dialogs.boxes;
+    QVERIFY(!boxes.isEmpty());
+    QCOMPARE(boxes[0].title, title);
+    QCOMPARE(boxes[0].prompt, "Error  57 Device I/O error\r" + step);
+    QCOMPARE(program.find<ListBox>("Tab0List2")->count(), 1); // the rest goes on
 }
 
 void TestStartUp::neitherSimulatorLeavesTheLabelEmptyAndThePickersAlone()
