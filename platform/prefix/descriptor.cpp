@@ -81,7 +81,7 @@ void throwFor(const QByteArray &host)
     throwErrno(error, missing(host));
 }
 
-void requireFile(int descriptor)
+qint64 lengthOf(int descriptor)
 {
     struct stat info = {};
     if (::fstat(descriptor, &info) != 0) {
@@ -90,6 +90,16 @@ void requireFile(int descriptor)
     if (!S_ISREG(info.st_mode)) {
         throw RuntimeError(ErrorNumber::PathFileAccess);
     }
+    return info.st_size;
+}
+
+qint64 lengthToRead(int descriptor)
+{
+    const qint64 length = lengthOf(descriptor);
+    if (length > largestFile) {
+        throw RuntimeError(ErrorNumber::OutOfMemory);
+    }
+    return length;
 }
 
 int openFile(const QByteArray &host, int flags)
@@ -98,7 +108,7 @@ int openFile(const QByteArray &host, int flags)
     if (file.get() < 0) {
         throwFor(host);
     }
-    requireFile(file.get());
+    lengthOf(file.get());
     return file.release();
 }
 

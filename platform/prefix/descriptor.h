@@ -55,8 +55,12 @@ private:
 /// Beside those that say what for: never waits for the other end of a pipe, or for a device.
 constexpr int openFlags = O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
 
-/// A folder, pipe, socket or device is no file: Path/File access error (75).
-void requireFile(int descriptor);
+/// The length in bytes of an open file. A folder, pipe, socket or device is none: Path/File access
+/// error (75).
+qint64 lengthOf(int descriptor);
+
+/// The same for a file that is to be read: Out of memory (7) beyond `largestFile`.
+qint64 lengthToRead(int descriptor);
 
 /// Opens a file, and nothing but a file. Throws as files::readAll.
 int openFile(const QByteArray &host, int flags);

@@ -30,15 +30,6 @@ namespace files
 namespace
 {
 
-qint64 lengthOf(int descriptor)
-{
-    struct stat info = {};
-    if (::fstat(descriptor, &info) != 0) {
-        throwErrno(errno, ErrorNumber::FileNotFound);
-    }
-    return info.st_size;
-}
-
 /// Whether the file ends within a line. One whose last byte cannot be read is taken to: two line
 /// ends do less harm than two entries glued together.
 bool endsWithinLine(const QByteArray &host, qint64 length)
@@ -194,11 +185,7 @@ std::optional<struct stat> targetOf(const QString &path)
 QByteArray readAll(const QString &path)
 {
     const Descriptor file(openFile(hostName(path), O_RDONLY));
-    const qint64 length = lengthOf(file.get());
-    if (length > largestFile) {
-        throw RuntimeError(ErrorNumber::OutOfMemory);
-    }
-    QByteArray bytes(length + 1, Qt::Uninitialized); // one more sees the end at once
+    QByteArray bytes(lengthToRead(file.get()) + 1, Qt::Uninitialized); // one more sees the end
     readRest(file.get(), 0, bytes);
     return bytes;
 }

@@ -33,7 +33,7 @@ void readInto(FoundFile &found, int file)
         if (!found.opened) {
             throwErrno(errno, ErrorNumber::FileNotFound);
         }
-        requireFile(file);
+        lengthToRead(file);
         readRest(file, 0, found.content);
     } catch (const RuntimeError &error) {
         found.failure = error;

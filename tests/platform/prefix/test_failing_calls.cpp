@@ -124,6 +124,7 @@ private Q_SLOTS:
     void registryThatBreaksOffIsNotWrittenBack();
     void registryThatIsNotFlushedStaysAsItWas();
     void folderThatBreaksOffIsNotAShortOne();
+    void fileWithoutAnEndIsRefused();
 };
 
 void TestFailingCalls::cleanup()
@@ -274,6 +275,14 @@ void TestFailingCalls::folderThatBreaksOffIsNotAShortOne()
     sandbox.makeFolder("C:\\Morlen\\two");
     onReadFolder = [left = 4]() mutable { return --left == 0; };
     QCOMPARE(failureOf([] { files::subFolders("C:\\Morlen"); }), "57 Device I/O error");
+}
+
+void TestFailingCalls::fileWithoutAnEndIsRefused()
+{
+    const Sandbox sandbox;
+    sandbox.write(file, "x");
+    onRead = [](int, void *, std::size_t size) { return static_cast<ssize_t>(size); };
+    QCOMPARE(failureOf([] { files::readAll(file); }), "7 Out of memory");
 }
 
 QTEST_APPLESS_MAIN(TestFailingCalls)
