@@ -73,6 +73,8 @@ private Q_SLOTS:
     void savedDirectoryThatIsGoneIsReportedAndTheWindowIsUsable();
     void savedTextFileThatIsGoneIsReportedAndTheRestGoesOn();
     void savedDriveThatIsGoneIsReported();
+    void savedValuesThatNobodyWouldReadAreNoDelay_data();
+    void savedValuesThatNobodyWouldReadAreNoDelay();
     void unwritableProgramFolderIsReportedAndTheWindowIsUsable();
     void registeredFolderThatIsGoneIsReported();
     void registryThatCannotBeReadIsReported_data();
@@ -510,6 +512,31 @@ void TestStartUp::savedDriveThatIsGoneIsReported()
     QCOMPARE(program.outside.dialogs.boxes.size(), 1);
     QCOMPARE(program.outside.dialogs.boxes[0].prompt,
              QString("Error  68 Device unavailable\rSetting drive to: q:"));
+}
+
+void TestStartUp::savedValuesThatNobodyWouldReadAreNoDelay_data()
+{
+    QTest::addColumn<int>("line");
+    for (const int line : {0, 1, 2, 3, 4, 5}) {
+        QTest::addRow("line %d", line + 1) << line;
+    }
+}
+
+void TestStartUp::savedValuesThatNobodyWouldReadAreNoDelay()
+{
+    QFETCH(int, line);
+    const QByteArray path = "C:\\" + QByteArray("aircraft\\").repeated(222'222) + "Aircraft";
+    Program program;
+    QByteArrayList values = {"0", "", "c:", "", Program::textFile.toLatin1(), "True"};
+    values[line] = path;
+    program.sandbox.write(Program::settingsFile, values.join("\r\n") + "\r\n");
+    QElapsedTimer timer;
+    timer.start();
+    program.start();
+    QVERIFY2(timer.elapsed() < 5000, "far from linear");
+    for (const MessageBox &box : program.outside.dialogs.boxes) {
+        QVERIFY(box.prompt.size() < 300);
+    }
 }
 
 void TestStartUp::unwritableProgramFolderIsReportedAndTheWindowIsUsable()
