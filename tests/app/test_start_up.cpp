@@ -75,6 +75,7 @@ private Q_SLOTS:
     void savedDriveThatIsGoneIsReported();
     void savedValuesThatNobodyWouldReadAreNoDelay_data();
     void savedValuesThatNobodyWouldReadAreNoDelay();
+    void numberOfAMillionFiguresIsNoDelay();
     void unwritableProgramFolderIsReportedAndTheWindowIsUsable();
     void registeredFolderThatIsGoneIsReported();
     void registryThatCannotBeReadIsReported_data();
@@ -537,6 +538,20 @@ void TestStartUp::savedValuesThatNobodyWouldReadAreNoDelay()
     for (const MessageBox &box : program.outside.dialogs.boxes) {
         QVERIFY(box.prompt.size() < 300);
     }
+}
+
+void TestStartUp::numberOfAMillionFiguresIsNoDelay()
+{
+    Program program;
+    program.sandbox.write(Program::textFile,
+                          "AC#" + QByteArray(1'000'000, '1') + ",477,\"Boeing Blue\"\r\n");
+    program.rememberUsualRun();
+    QElapsedTimer timer;
+    timer.start();
+    program.start();
+    QVERIFY2(timer.elapsed() < 5000, "far from linear");
+    QCOMPARE(program.outside.dialogs.boxes.size(), 1);
+    QVERIFY(program.outside.dialogs.boxes[0].prompt.startsWith("Error  6 Overflow\r"));
 }
 
 void TestStartUp::unwritableProgramFolderIsReportedAndTheWindowIsUsable()
