@@ -181,6 +181,7 @@ void TestRegistry::aFileThatCannotBeReadIsAnErrorAndStays_data()
 {
     QTest::addColumn<QString>("obstacle");
     QTest::newRow("no right to read") << "rights";
+    QTest::newRow("no right to its folder") << "closed";
     QTest::newRow("a folder in its place") << "folder";
     QTest::newRow("a link that leads in a circle") << "circle";
 }
@@ -197,7 +198,8 @@ void TestRegistry::aFileThatCannotBeReadIsAnErrorAndStays()
     } else {
         QVERIFY(file.open(QIODevice::WriteOnly) && file.write(sample) > 0);
         file.close();
-        QVERIFY(file.setPermissions(QFile::WriteOwner));
+        QVERIFY(QFile::setPermissions(obstacle == "closed" ? sandbox.prefix() : file.fileName(),
+                                      QFile::WriteOwner));
     }
     {
         const OrdinaryUser user(sandbox);
@@ -210,7 +212,8 @@ void TestRegistry::aFileThatCannotBeReadIsAnErrorAndStays()
                      registry->setValue(RegistryHive::CurrentUser, "K", "A", QString("b"));
                  }).isEmpty());
     }
-    if (obstacle == "rights") {
+    if (obstacle == "rights" || obstacle == "closed") {
+        QVERIFY(QFile::setPermissions(sandbox.prefix(), QFile::ReadOwner | QFile::ExeOwner));
         QVERIFY(file.setPermissions(QFile::ReadOwner) && file.open(QIODevice::ReadOnly));
         QCOMPARE(file.readAll(), sample);
     } else {
