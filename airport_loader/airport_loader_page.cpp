@@ -328,6 +328,7 @@ bool AirportLoaderPage::appendChosen(Step &step)
     m_services.log.write(u"Adding Airports to "_s + m_state.AirportTextFile);
     step.set(u"Open "_s + m_state.AirportTextFile);
     files::openForAppend(m_state.AirportTextFile);
+    const files::Lock lock(m_state.AirportTextFile);
 
     QList<AirportChoice> choices;
     for (int i = 0; i < ui->Tab1lstAICO->count(); ++i) {
@@ -343,6 +344,7 @@ bool AirportLoaderPage::appendChosen(Step &step)
         step.set(u"Open "_s + m_state.AirportTextFile);
         files::appendLines(m_state.AirportTextFile,
                            code_page::encode(lines.join(u"\r\n"_s) + u"\r\n"_s));
+        files::sync(m_state.AirportTextFile);
     }
     m_services.log.write(u"Finished Adding Airports"_s);
     return !lines.isEmpty();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "config_editor/alias_questions.h"
 
+#include "app/services/path_display.h"
 #include "app/services/step.h"
 #include "config_editor/panel_cfg.h"
 #include "platform/dialogs.h"
@@ -24,7 +25,7 @@ std::optional<QString> AliasQuestions::panelToEdit(const QString &panelFile, con
     if (const auto alias = panel_cfg::aliasIn(files::readAll(panelFile))) {
         chosen = panel_cfg::aliasedPath(cfgFile, root, *alias);
         m_declined =
-            !isWanted(u"Aliased Panel"_s, u"This Panel is Aiased to "_s + *alias +
+            !isWanted(u"Aliased Panel"_s, u"This Panel is Aiased to "_s + cutForMessage(*alias) +
                                               u"\r\rDo you want to edit the aliased Panel?"_s);
         if (m_declined) {
             chosen = panel_cfg::originalPath(cfgFile);

@@ -8,6 +8,7 @@
 #include <QLocale>
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <cmath>
 
 using namespace Qt::StringLiterals;
@@ -84,6 +85,39 @@ std::int16_t narrowed(double number)
     return static_cast<std::int16_t>(number);
 }
 
+/// A decimal number as short as a double can tell it: converting takes time with the square of the
+/// figures, and a file may hold a million of them.
+QString shortened(const QString &number)
+{
+    constexpr qsizetype figuresThatCount = 400; // and more than any double needs
+    constexpr qsizetype exponentFigures = 6;    // beyond them every number is 0 or too large
+    if (number.size() <= figuresThatCount) {
+        return number;
+    }
+    const qsizetype e = qMax<qsizetype>(number.indexOf(u'e'), 0);
+    const QString mantissa = e > 0 ? number.first(e) : number;
+    QString exponentText = e > 0 ? number.sliced(e + 1) : u"0"_s;
+    const bool negativeExponent = exponentText.startsWith(u'-');
+    exponentText.remove(0, exponentText.startsWith(u'+') || negativeExponent ? 1 : 0);
+    const auto firstFigure = [](const QString &text) {
+        return std::find_if(text.begin(), text.end(), [](QChar c) { return c != u'0'; }) -
+               text.begin();
+    };
+    exponentText.remove(0, qMin(firstFigure(exponentText), exponentText.size()));
+    const qint64 exponent = exponentText.first(qMin(exponentText.size(), exponentFigures)).toInt();
+
+    QString figures = mantissa;
+    const QString sign = figures.startsWith(u'-') ? u"-"_s : QString();
+    figures.remove(0, figures.startsWith(u'-') || figures.startsWith(u'+') ? 1 : 0);
+    const qsizetype point = figures.indexOf(u'.');
+    const qsizetype whole = point < 0 ? figures.size() : point;
+    figures.remove(u'.');
+    const qsizetype zeros = firstFigure(figures);
+    figures = figures.mid(zeros, figuresThatCount);
+    return sign + u"0."_s + figures + u'e' +
+           QString::number(whole - zeros + (negativeExponent ? -exponent : exponent));
+}
+
 template <typename Text>
 Text trimmed(const Text &text)
 {
@@ -152,7 +186,7 @@ double val(QStringView text)
     if (ok) {
         return static_cast<double>(whole);
     }
-    const double value = QLocale::c().toDouble(number, &ok);
+    const double value = QLocale::c().toDouble(shortened(number), &ok);
     if (std::isinf(value)) {
         throw RuntimeError(ErrorNumber::Overflow);
     }
@@ -168,7 +202,7 @@ std::int16_t toInteger16(const QString &text)
     }
     static const QRegularExpression number(
         QRegularExpression::anchoredPattern(
-            uR"([+-]?(\d[\d,]*\.?\d*|\.\d+)([ed][+-]?\d+)?|&h[\da-f]+|&o[0-7]+)"_s),
+            uR"([+-]?(\d[\d,]*+\.?\d*+|\.\d++)([ed][+-]?\d++)?|&h[\da-f]+|&o[0-7]+)"_s),
         QRegularExpression::CaseInsensitiveOption);
     QString trimmed = text.trimmed();
     if (!number.match(trimmed).hasMatch()) {

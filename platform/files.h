@@ -11,26 +11,49 @@ namespace files
 {
 
 /// The whole content. Throws File not found (53), Path not found (76), Path/File access error (75)
-/// for a folder or where access is denied.
+/// for what is no file or where access is denied, Out of memory (7) beyond 256 MB.
 QByteArray readAll(const QString &path);
 
 /// The length in bytes of an existing file. Throws as readAll.
 qint64 length(const QString &path);
 
+enum class Links { Follow, Refuse };
+
 /// Opens for appending, which creates the file when it is missing, and closes it again.
-/// Returns the length in bytes. Throws as readAll, and 70 on a write-protected disk.
-qint64 openForAppend(const QString &path);
+/// Returns the length in bytes. Throws as readAll, and 70 on a write-protected disk; for a link
+/// that is to be refused Path not found (76).
+qint64 openForAppend(const QString &path, Links links = Links::Follow);
 
 /// Appends bytes to a file, creating it when it is missing. A last line without a line end is
 /// completed with CR LF first, so that two entries are never glued together. When the write fails
-/// half way the file is cut back to what it was; Disk full (61) and the rest are thrown.
+/// half way what was written is cut off again, unless another program has appended since; Disk full
+/// (61) and the rest are thrown. What must be safe is synced, once, with `sync`.
 void appendLines(const QString &path, const QByteArray &bytes);
 
-/// Replaces the whole content: written beside and renamed, so that the old content stands until
-/// the new one is complete. A link is followed. Throws as appendLines.
+/// For its lifetime no other copy of the program adds to a file: one that is at it is waited for,
+/// for some seconds. A file that cannot be locked is used without.
+class Lock
+{
+public:
+    explicit Lock(const QString &path);
+    ~Lock();
+    Lock(const Lock &) = delete;
+    Lock &operator=(const Lock &) = delete;
+
+private:
+    int m_descriptor = -1;
+};
+
+/// Has the system write what it holds of a file to the disk. Throws as appendLines.
+void sync(const QString &path);
+
+/// Replaces the whole content: written beside, synced and renamed, so that the old content stands
+/// until the new one is complete; in a folder that takes no new files it is written in place. A
+/// link is followed. What a killed program left beside the file is removed. Throws as appendLines.
 void writeAll(const QString &path, const QByteArray &bytes);
 
-/// Copies a file over another one, which is complete or untouched. Throws as readAll and writeAll.
+/// Copies a file over another one, which is complete or untouched, with the permissions of the
+/// source. A link in its place is replaced, not followed. Throws as readAll and writeAll.
 void copy(const QString &from, const QString &to);
 
 /// Deletes a file. Throws File not found (53), Path/File access error (75).

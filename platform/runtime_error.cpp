@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/runtime_error.h"
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -11,6 +13,8 @@ const char *describe(ErrorNumber number)
         return "Invalid procedure call or argument";
     case ErrorNumber::Overflow:
         return "Overflow";
+    case ErrorNumber::OutOfMemory:
+        return "Out of memory";
     case ErrorNumber::SubscriptOutOfRange:
         return "Subscript out of range";
     case ErrorNumber::TypeMismatch:
@@ -43,9 +47,15 @@ const char *describe(ErrorNumber number)
 
 RuntimeError::RuntimeError(ErrorNumber number) : m_number(number) {}
 
+RuntimeError::RuntimeError(ErrorNumber number, const QString &missing)
+    : m_number(number), m_missing(missing)
+{
+}
+
 QString RuntimeError::description() const
 {
-    return QString::fromLatin1(describe(m_number));
+    const QString text = QString::fromLatin1(describe(m_number));
+    return m_missing.isEmpty() ? text : text + u": "_s + m_missing;
 }
 
 const char *RuntimeError::what() const noexcept

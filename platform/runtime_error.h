@@ -10,6 +10,7 @@
 enum class ErrorNumber {
     InvalidProcedureCall = 5,
     Overflow = 6,
+    OutOfMemory = 7,
     SubscriptOutOfRange = 9,
     TypeMismatch = 13,
     BadFileName = 52,
@@ -30,6 +31,10 @@ class RuntimeError : public std::exception
 public:
     explicit RuntimeError(ErrorNumber number);
 
+    /// Names what is missing where that is not what the step names: a program, for instance, that a
+    /// document would be opened with.
+    RuntimeError(ErrorNumber number, const QString &missing);
+
     int number() const { return static_cast<int>(m_number); }
 
     QString description() const;
@@ -37,4 +42,5 @@ public:
 
 private:
     ErrorNumber m_number;
+    QString m_missing;
 };

@@ -16,7 +16,8 @@ void DoBackup(const QString &path, Step &step)
         return;
     }
     own.set(u"Open "_s + newest);
-    if (files::openForAppend(newest) > longestAbsent) { // which creates one, too
+    if (files::openForAppend(newest, files::Links::Refuse) >
+        longestAbsent) { // which creates one, too
         own.set(u"File Copy Backup"_s);
         files::copy(newest, path + u".Backup2"_s);
     }

@@ -2,6 +2,8 @@
 // The step that a procedure is about to do, which its error report names.
 #pragma once
 
+#include "app/services/path_display.h"
+
 #include <QString>
 
 #include <exception>
@@ -25,8 +27,12 @@ public:
 
     Step &operator=(const Step &) = delete;
 
-    /// What is about to be done now.
-    void set(const QString &text) { m_text = text; }
+    /// What is about to be done now. A text of more than two whole paths is cut.
+    void set(const QString &text)
+    {
+        constexpr qsizetype longest = 600;
+        m_text = text.size() <= longest ? text : cutForMessage(text);
+    }
 
 private:
     QString &m_text;

@@ -5,6 +5,7 @@
 
 #include <QFile>
 
+#include <algorithm>
 #include <utility>
 
 #include <fcntl.h>
@@ -25,6 +26,7 @@ void throwErrno(int error, ErrorNumber whenMissing)
     case EACCES:
     case EPERM:
     case EISDIR:
+    case ENXIO:
         throw RuntimeError(ErrorNumber::PathFileAccess);
     case EROFS:
     case EBUSY:
@@ -58,6 +60,80 @@ void Descriptor::reset(int descriptor)
     m_descriptor = descriptor;
 }
 
+namespace
+{
+
+/// File not found when only the file is missing, Path not found when its folder is too.
+ErrorNumber missing(const QByteArray &host)
+{
+    const QByteArray folder = host.first(std::max<qsizetype>(host.lastIndexOf('/'), 1));
+    struct stat info = {};
+    return ::stat(folder.constData(), &info) == 0 && S_ISDIR(info.st_mode)
+               ? ErrorNumber::FileNotFound
+               : ErrorNumber::PathNotFound;
+}
+
+} // namespace
+
+void throwFor(const QByteArray &host)
+{
+    const int error = errno;
+    throwErrno(error, missing(host));
+}
+
+qint64 lengthOf(int descriptor)
+{
+    struct stat info = {};
+    if (::fstat(descriptor, &info) != 0) {
+        throwErrno(errno, ErrorNumber::FileNotFound);
+    }
+    if (!S_ISREG(info.st_mode)) {
+        throw RuntimeError(ErrorNumber::PathFileAccess);
+    }
+    return info.st_size;
+}
+
+qint64 lengthToRead(int descriptor)
+{
+    const qint64 length = lengthOf(descriptor);
+    if (length > largestFile) {
+        throw RuntimeError(ErrorNumber::OutOfMemory);
+    }
+    return length;
+}
+
+int openFile(const QByteArray &host, int flags)
+{
+    Descriptor file(::open(host.constData(), flags | openFlags, 0666));
+    if (file.get() < 0) {
+        throwFor(host);
+    }
+    lengthOf(file.get());
+    return file.release();
+}
+
+std::optional<Descriptor> openIfThere(const QByteArray &host, int flags)
+{
+    struct stat info = {};
+    if (::lstat(host.constData(), &info) != 0 && errno == ENOENT) {
+        return std::nullopt; // unlike a link that leads nowhere: its disk may only be absent
+    }
+    return Descriptor(openFile(host, flags));
+}
+
+void writeBytes(int descriptor, QByteArrayView &bytes)
+{
+    while (!bytes.isEmpty()) {
+        const ssize_t count =
+            ::write(descriptor, bytes.data(), static_cast<std::size_t>(bytes.size()));
+        if (count >= 0) {
+            bytes = bytes.sliced(count);
+        } else if (errno != EINTR) {
+            throwErrno(errno, ErrorNumber::FileNotFound);
+        }
+    }
+}
+
 QByteArray hostName(const QString &path)
 {
     return QFile::encodeName(paths::toHost(path));
@@ -86,6 +162,9 @@ void readRest(int descriptor, qsizetype filled, QByteArray &buffer)
         filled += count;
         if (count == 0) {
             break;
+        }
+        if (filled > largestFile) {
+            throw RuntimeError(ErrorNumber::OutOfMemory);
         }
         if (filled == buffer.size()) {
             buffer.resize(buffer.size() * 2);

@@ -9,16 +9,16 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
-#include <QSaveFile>
-#include <QStandardPaths>
-#include <QStorageInfo>
+#include <QThread>
 
 #include <algorithm>
 #include <cerrno>
+#include <csignal>
 #include <optional>
 
 #include <dirent.h>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -30,67 +30,115 @@ namespace files
 namespace
 {
 
-/// File not found when only the file is missing, Path not found when its folder is too.
-ErrorNumber missing(const QByteArray &host)
+/// Whether the file ends within a line. One whose last byte cannot be read is taken to: two line
+/// ends do less harm than two entries glued together.
+bool endsWithinLine(const QByteArray &host, qint64 length)
 {
-    const QByteArray folder = host.first(std::max<qsizetype>(host.lastIndexOf('/'), 1));
-    struct stat info = {};
-    return ::stat(folder.constData(), &info) == 0 && S_ISDIR(info.st_mode)
-               ? ErrorNumber::FileNotFound
-               : ErrorNumber::PathNotFound;
-}
-
-[[noreturn]] void throwFor(const QByteArray &host)
-{
-    const int error = errno;
-    throwErrno(error, missing(host));
-}
-
-int openOrThrow(const QByteArray &host, int flags)
-{
-    const int descriptor = ::open(host.constData(), flags | O_CLOEXEC, 0666);
-    if (descriptor < 0) {
-        throwFor(host);
+    const Descriptor file(::open(host.constData(), O_RDONLY | openFlags));
+    char last = '\0';
+    if (length == 0 || ::pread(file.get(), &last, 1, length - 1) != 1) {
+        return length > 0;
     }
-    return descriptor;
+    return last != '\n' && last != '\r';
 }
 
-/// The length of an open file; a folder is no file.
-qint64 lengthOf(int descriptor)
+/// Appends to a file that was `before` bytes long. When that fails half way its part is cut off
+/// again, unless somebody else has appended meanwhile: theirs is not ours to cut.
+void append(int file, qint64 before, QByteArrayView bytes)
 {
-    struct stat info = {};
-    if (::fstat(descriptor, &info) != 0) {
-        throwErrno(errno, ErrorNumber::FileNotFound);
+    const qsizetype all = bytes.size();
+    try {
+        writeBytes(file, bytes);
+    } catch (const RuntimeError &) {
+        const off_t end = ::lseek(file, 0, SEEK_CUR); // where the last write of ours ended
+        struct stat info = {};
+        if (end == before + all - bytes.size() && ::fstat(file, &info) == 0 &&
+            info.st_size == end) {
+            // Where even this fails half an entry stays; what made it so is the error to report.
+            [[maybe_unused]] const int cut = ::ftruncate(file, before);
+        }
+        throw;
     }
-    if (S_ISDIR(info.st_mode)) {
-        throw RuntimeError(ErrorNumber::PathFileAccess);
-    }
-    return info.st_size;
 }
 
-void writeBytes(int descriptor, QByteArrayView bytes)
+void sync(int descriptor)
 {
-    while (!bytes.isEmpty()) {
-        const ssize_t count =
-            ::write(descriptor, bytes.data(), static_cast<std::size_t>(bytes.size()));
-        if (count >= 0) {
-            bytes = bytes.sliced(count);
-        } else if (errno != EINTR) {
-            throwErrno(errno, ErrorNumber::FileNotFound);
+    if (::fsync(descriptor) != 0) {
+        throwErrno(errno, ErrorNumber::DeviceIoError);
+    }
+}
+
+/// Where a new content is written until it is complete. The process's number keeps two programs
+/// apart, and tells what a program that was killed has left.
+QByteArray freshName(const QByteArray &host, pid_t process = ::getpid())
+{
+    return host + '.' + QByteArray::number(process) + ".new";
+}
+
+/// Removes what programs that were killed left beside a file.
+void removeLeftovers(const QByteArray &host)
+{
+    const QFileInfo file(QFile::decodeName(host));
+    const QString pattern = file.fileName().replace(u'[', u'?').replace(u'*', u'?') + u".*.new"_s;
+    for (const QString &name : file.dir().entryList({pattern}, QDir::Files | QDir::Hidden)) {
+        const int process = name.chopped(4).section(u'.', -1).toInt();
+        if (process > 0 && ::kill(process, 0) != 0 && errno == ESRCH) {
+            ::unlink(freshName(host, process).constData());
         }
     }
 }
 
-/// Whether the file ends within a line. A file that may not be read is taken to be complete.
-bool endsWithinLine(const QByteArray &host, qint64 length)
+/// Writes a file beside another one and lets it take the other's place: the old content stands
+/// until the new one is complete. `mode` are its permissions, usually those the user's mask leaves.
+/// Returns false where the folder takes no new files.
+bool replaceByNew(const QByteArray &host, QByteArrayView bytes, std::optional<mode_t> mode)
 {
-    const Descriptor file(::open(host.constData(), O_RDONLY | O_CLOEXEC));
-    char last = '\n';
-    if (length == 0 || file.get() < 0 || ::pread(file.get(), &last, 1, length - 1) != 1) {
-        return false;
+    removeLeftovers(host);
+    const QByteArray fresh = freshName(host);
+    ::unlink(fresh.constData()); // of a killed program that had our number
+    Descriptor file(
+        ::open(fresh.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode.value_or(0666)));
+    if (file.get() < 0) {
+        if (errno == EACCES || errno == EROFS) {
+            return false;
+        }
+        throwFor(host);
     }
-    return last != '\n' && last != '\r';
+    try {
+        if (mode) {
+            ::fchmod(file.get(), *mode); // whatever the mask says
+        }
+        writeBytes(file.get(), bytes);
+        sync(file.get());
+        file.close();
+        if (::rename(fresh.constData(), host.constData()) != 0) {
+            throwFor(host);
+        }
+    } catch (const RuntimeError &) {
+        ::unlink(fresh.constData());
+        throw;
+    }
+    return true;
 }
+
+/// Writes a file whose folder takes no new ones. What makes it longer comes first: where there is
+/// no room for that the old content stands.
+void writeInPlace(int file, QByteArrayView bytes)
+{
+    const qint64 before = lengthOf(file);
+    const qint64 size = bytes.size();
+    QByteArrayView front = bytes.first(qMin(before, size));
+    ::lseek(file, before, SEEK_SET);
+    append(file, before, bytes.sliced(front.size()));
+    ::lseek(file, 0, SEEK_SET);
+    writeBytes(file, front);
+    if (::ftruncate(file, size) != 0) {
+        throwErrno(errno, ErrorNumber::DeviceIoError);
+    }
+    sync(file);
+}
+
+constexpr mode_t permissions = 07777;
 
 /// The name of an entry, empty for one that Windows cannot spell: refused there, or not UTF-8.
 QString spelledName(const dirent &entry)
@@ -136,21 +184,21 @@ std::optional<struct stat> targetOf(const QString &path)
 
 QByteArray readAll(const QString &path)
 {
-    const Descriptor file(openOrThrow(hostName(path), O_RDONLY));
-    QByteArray bytes(lengthOf(file.get()) + 1, Qt::Uninitialized); // one more sees the end at once
+    const Descriptor file(openFile(hostName(path), O_RDONLY));
+    QByteArray bytes(lengthToRead(file.get()) + 1, Qt::Uninitialized); // one more sees the end
     readRest(file.get(), 0, bytes);
     return bytes;
 }
 
 qint64 length(const QString &path)
 {
-    const Descriptor file(openOrThrow(hostName(path), O_RDONLY));
-    return lengthOf(file.get());
+    return lengthOf(Descriptor(openFile(hostName(path), O_RDONLY)).get());
 }
 
-qint64 openForAppend(const QString &path)
+qint64 openForAppend(const QString &path, Links links)
 {
-    Descriptor file(openOrThrow(hostName(path), O_WRONLY | O_APPEND | O_CREAT));
+    const int follow = links == Links::Refuse ? O_NOFOLLOW : 0;
+    Descriptor file(openFile(hostName(path), O_WRONLY | O_APPEND | O_CREAT | follow));
     const qint64 size = lengthOf(file.get());
     file.close();
     return size;
@@ -159,48 +207,81 @@ qint64 openForAppend(const QString &path)
 void appendLines(const QString &path, const QByteArray &bytes)
 {
     const QByteArray host = hostName(path);
-    Descriptor file(openOrThrow(host, O_WRONLY | O_APPEND | O_CREAT));
+    Descriptor file(openFile(host, O_WRONLY | O_APPEND | O_CREAT));
     const qint64 before = lengthOf(file.get());
-    try {
-        writeBytes(file.get(), endsWithinLine(host, before) ? "\r\n" + bytes : bytes);
-    } catch (const RuntimeError &) {
-        // Where even this fails half an entry stays; what made it so is the error to report.
-        [[maybe_unused]] const int cut = ::ftruncate(file.get(), before);
-        throw;
-    }
+    append(file.get(), before, endsWithinLine(host, before) ? "\r\n" + bytes : bytes);
     file.close();
+}
+
+Lock::Lock(const QString &path)
+{
+    constexpr int longestWait = 5000; // milliseconds; the other copy may have been stopped
+    constexpr int pause = 10;
+    try {
+        m_descriptor = openFile(hostName(path), O_WRONLY);
+    } catch (const RuntimeError &) {
+        return; // whoever writes to it says why
+    }
+    for (int waited = 0; waited < longestWait && ::flock(m_descriptor, LOCK_EX | LOCK_NB) != 0 &&
+                         errno == EWOULDBLOCK;
+         waited += pause) {
+        QThread::msleep(pause);
+    }
+}
+
+Lock::~Lock()
+{
+    if (m_descriptor >= 0) {
+        ::close(m_descriptor);
+    }
+}
+
+void sync(const QString &path)
+{
+    const Descriptor file(openFile(hostName(path), O_WRONLY)); // as it was written
+    sync(file.get());
 }
 
 void writeAll(const QString &path, const QByteArray &bytes)
 {
-    const QByteArray host = hostName(path);
+    const QByteArray named = hostName(path);
+    const QString target = QFileInfo(QFile::decodeName(named)).canonicalFilePath();
+    const QByteArray host = target.isEmpty() ? named : QFile::encodeName(target);
     // Opening for writing first refuses what a rename would silently replace: a read-only file.
-    const Descriptor old(::open(host.constData(), O_WRONLY | O_CLOEXEC));
-    if (old.get() < 0 && errno != ENOENT) {
-        throwErrno(errno, ErrorNumber::FileNotFound);
-    }
+    std::optional<Descriptor> old = openIfThere(host, O_WRONLY);
     struct stat info = {};
-    const bool isDevice =
-        old.get() >= 0 && ::fstat(old.get(), &info) == 0 && !S_ISREG(info.st_mode);
-    QSaveFile file(QFile::decodeName(host));
-    if (isDevice || !file.open(QIODevice::WriteOnly)) {
-        // A device is not to be replaced; or the folder takes no new files, but the file itself may
-        // be written.
-        Descriptor direct(openOrThrow(host, O_WRONLY | O_CREAT | O_TRUNC));
-        writeBytes(direct.get(), bytes);
-        direct.close();
+    std::optional<mode_t> mode;
+    if (old && ::fstat(old->get(), &info) == 0) {
+        mode = info.st_mode & permissions;
+    }
+    if (replaceByNew(host, bytes, mode)) {
         return;
     }
-    // The flush is asked for itself: what fails within the commit is not reported by every Qt.
-    if (file.write(bytes) != bytes.size() || !file.flush() || !file.commit()) {
-        throwErrno(file.error() == QFileDevice::ResourceError ? ENOSPC : errno,
-                   ErrorNumber::DeviceIoError);
+    if (!old) {
+        throw RuntimeError(ErrorNumber::PathFileAccess);
     }
+    writeInPlace(old->get(), bytes);
+    old->close();
 }
 
 void copy(const QString &from, const QString &to)
 {
-    writeAll(to, readAll(from));
+    struct stat info = {};
+    const QByteArray source = hostName(from);
+    const QByteArray bytes = readAll(from);
+    const QByteArray target = hostName(to);
+    struct stat old = {};
+    if (::lstat(target.constData(), &old) == 0 && S_ISREG(old.st_mode)) {
+        Descriptor(openFile(target, O_WRONLY)); // a read-only file is not silently replaced
+    } else if (S_ISDIR(old.st_mode)) {
+        throw RuntimeError(ErrorNumber::PathFileAccess);
+    }
+    if (::stat(source.constData(), &info) != 0) {
+        throwFor(source);
+    }
+    if (!replaceByNew(target, bytes, info.st_mode & permissions)) {
+        throw RuntimeError(ErrorNumber::PathFileAccess);
+    }
 }
 
 void remove(const QString &path)
@@ -209,37 +290,6 @@ void remove(const QString &path)
     if (::unlink(host.constData()) != 0) {
         throwFor(host);
     }
-}
-
-namespace
-{
-
-bool makePrivateFolder(const QByteArray &host)
-{
-    return (::mkdir(host.constData(), 0700) == 0 || errno == EEXIST) &&
-           ::faccessat(AT_FDCWD, host.constData(), W_OK, AT_EACCESS) == 0;
-}
-
-/// Whether there is a trash for a file. To be asked first: without one the toolkit would move the
-/// file into the current directory.
-bool hasTrash(const QString &host)
-{
-    const QStorageInfo disk(host);
-    const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-    const bool atHome = disk == QStorageInfo(QDir::home()) && QDir().mkpath(data);
-    const QByteArray trash =
-        QFile::encodeName(atHome ? data + u"/Trash"_s
-                                 : disk.rootPath() + u"/.Trash-"_s + QString::number(::getuid()));
-    return makePrivateFolder(trash) && makePrivateFolder(trash + "/files") &&
-           makePrivateFolder(trash + "/info");
-}
-
-} // namespace
-
-bool moveToTrash(const QString &path)
-{
-    const QString host = QFile::decodeName(hostName(path));
-    return hasTrash(host) && QFile::moveToTrash(host);
 }
 
 bool isSame(const QString &path, const QString &other)

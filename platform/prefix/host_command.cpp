@@ -10,6 +10,7 @@
 #include <QStandardPaths>
 
 #include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -48,7 +49,7 @@ QString findProgram(const QString &program)
             return {}; // no file can have such a name
         }
     }
-    return searched ? QStandardPaths::findExecutable(program) : QString();
+    return searched ? programOnPath(program) : QString();
 }
 
 /// An argument as a native program understands it: a Windows path becomes the host's.
@@ -63,10 +64,10 @@ HostCommand commandFor(const QString &hostProgram, const QString &argument)
     const bool isWindows = isWindowsProgram(hostProgram);
     HostCommand command{hostProgram, {}};
     if (isWindows) {
-        command = {QStandardPaths::findExecutable(u"wine"_s), {hostProgram}};
+        command = {programOnPath(u"wine"_s), {hostProgram}};
     }
     if (command.program.isEmpty()) {
-        throw RuntimeError(ErrorNumber::FileNotFound);
+        throw RuntimeError(ErrorNumber::FileNotFound, u"wine"_s);
     }
     if (!argument.isEmpty()) {
         command.arguments += isWindows ? argument : nativeArgument(argument);
@@ -74,7 +75,9 @@ HostCommand commandFor(const QString &hostProgram, const QString &argument)
     return command;
 }
 
-/// The first installed command that serves for a missing program, with the rest of the line.
+/// The first installed command that serves for a missing program, with the rest of the line;
+/// nothing when none serves for it. Throws File not found (53), which names them, when none is
+/// there.
 std::optional<HostCommand> substituteFor(const QString &line, const QList<Substitute> &substitutes)
 {
     const qsizetype blank = line.indexOf(u' ');
@@ -83,18 +86,47 @@ std::optional<HostCommand> substituteFor(const QString &line, const QList<Substi
         if (name != substitute.program && name != substitute.program + u".exe"_s) {
             continue;
         }
+        QStringList missing{substitute.program};
         for (const QStringList &command : substitute.commands) {
-            const QString program = QStandardPaths::findExecutable(command.first());
+            const QString program = programOnPath(command.first());
             if (!program.isEmpty()) {
                 const QString argument = nativeArgument(line.sliced(blank + 1).trimmed());
                 return HostCommand{program, command.sliced(1) << argument};
             }
+            missing += command.first();
         }
+        throw RuntimeError(ErrorNumber::FileNotFound, missing.join(u", "_s));
     }
     return std::nullopt;
 }
 
+/// A path may hold blanks: the whole line is taken when it is a program, else the shortest leading
+/// part that is one. The program and what stands behind it; an empty program when there is none.
+std::pair<QString, QString> splitLine(const QString &line)
+{
+    constexpr qsizetype longestProgram = 4096; // characters
+    const QString whole = line.size() <= longestProgram ? findProgram(line) : QString();
+    if (!whole.isEmpty()) {
+        return {whole, {}};
+    }
+    for (qsizetype end = line.indexOf(u' '); end >= 0 && end <= longestProgram;
+         end = line.indexOf(u' ', end + 1)) {
+        const QString program = findProgram(line.first(end));
+        if (!program.isEmpty()) {
+            return {program, line.sliced(end + 1).trimmed()};
+        }
+    }
+    return {};
+}
+
 } // namespace
+
+QString programOnPath(const QString &program)
+{
+    QStringList folders = qEnvironmentVariable("PATH").split(u':', Qt::SkipEmptyParts);
+    folders.removeIf([](const QString &folder) { return !folder.startsWith(u'/'); });
+    return folders.isEmpty() ? QString() : QStandardPaths::findExecutable(program, folders);
+}
 
 HostCommand resolveCommand(const QString &commandLine, const QList<Substitute> &substitutes)
 {
@@ -107,13 +139,8 @@ HostCommand resolveCommand(const QString &commandLine, const QList<Substitute> &
         }
         throw RuntimeError(ErrorNumber::FileNotFound);
     }
-    for (qsizetype end = 0; end < line.size();) {
-        const qsizetype blank = line.indexOf(u' ', end + 1);
-        end = blank < 0 ? line.size() : blank;
-        const QString program = findProgram(line.first(end));
-        if (!program.isEmpty()) {
-            return commandFor(program, line.sliced(end).trimmed());
-        }
+    if (const auto [program, argument] = splitLine(line); !program.isEmpty()) {
+        return commandFor(program, argument);
     }
     if (const auto standIn = substituteFor(line, substitutes)) {
         return *standIn;

@@ -10,6 +10,9 @@ struct HostCommand {
     QStringList arguments;
 };
 
+/// A program on the PATH, or nothing. Parts of it that depend on where we are, are passed over.
+QString programOnPath(const QString &program);
+
 /// Resolves a command line as ProcessStarter::start describes. A Windows executable ("MZ") is run
 /// with wine; any other executable directly, a path handed to it as the host's. Where a program is
 /// missing its substitute serves. Throws File not found (53).

@@ -144,7 +144,8 @@ QStringList drives()
 
 QString toHost(const QString &windowsPath)
 {
-    if (windowsPath.isEmpty()) {
+    constexpr qsizetype longestPath = 32'767; // characters, as on Windows
+    if (windowsPath.isEmpty() || windowsPath.size() > longestPath) {
         throw RuntimeError(ErrorNumber::BadFileName);
     }
     if (windowsPath.startsWith(u'/')) {

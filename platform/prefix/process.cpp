@@ -7,7 +7,6 @@
 
 #include <QFileInfo>
 #include <QProcess>
-#include <QStandardPaths>
 
 #include <csignal>
 #include <utility>
@@ -72,8 +71,11 @@ std::unique_ptr<Process> SystemProcesses::start(const QString &commandLine, int 
 void SystemProcesses::openDocument(const QString &path)
 {
     const QString host = paths::toHost(path);
-    const QString opener = QStandardPaths::findExecutable(u"xdg-open"_s); // asks the desktop
-    if (!QFileInfo::exists(host) || opener.isEmpty() || !QProcess::startDetached(opener, {host})) {
+    const QString opener = programOnPath(u"xdg-open"_s); // asks the desktop
+    if (!QFileInfo::exists(host)) {
         throw RuntimeError(ErrorNumber::FileNotFound);
+    }
+    if (opener.isEmpty() || !QProcess::startDetached(opener, {host})) {
+        throw RuntimeError(ErrorNumber::FileNotFound, u"xdg-open"_s);
     }
 }

@@ -221,6 +221,10 @@ void RegFile::setValue(const QString &key, const QString &name, const RegistryDa
     for (qsizetype start = lines.start; start < lines.end; start = lineEnd(start)) {
         place = line(start).isEmpty() ? place : lineEnd(start);
     }
-    const bool unterminated = !m_bytes.first(place).endsWith('\n');
-    m_bytes.insert(place, (unterminated ? newLine() : QByteArray()) + text + newLine());
+    const QByteArray above = m_bytes.first(place);
+    const QByteArray end = above.endsWith('\n') ? QByteArray() : newLine();
+    // A damaged last line that says it goes on would take ours for its rest: a blank one goes
+    // between.
+    const QByteArray blank = above.trimmed().endsWith('\\') ? newLine() : QByteArray();
+    m_bytes.insert(place, end + blank + text + newLine());
 }

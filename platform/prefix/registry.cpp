@@ -5,6 +5,8 @@
 #include "platform/blind_to_case.h"
 #include "platform/files.h"
 #include "platform/paths.h"
+#include "platform/prefix/descriptor.h"
+#include "platform/prefix/host_command.h"
 #include "platform/prefix/reg_file.h"
 #include "platform/prefix/wine_server.h"
 #include "platform/runtime_error.h"
@@ -25,18 +27,12 @@ QString fileOf(RegistryHive hive)
            (hive == RegistryHive::LocalMachine ? u"/system.reg"_s : u"/user.reg"_s);
 }
 
-/// A file that is missing, or that nobody may read, is an empty registry.
+/// A missing file is an empty registry. One that cannot be read is none at all: it would be written
+/// back without what it holds.
 QByteArray readFile(const QString &path)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        return {};
-    }
-    const QByteArray bytes = file.readAll();
-    if (file.error() != QFileDevice::NoError) {
-        throw RuntimeError(ErrorNumber::DeviceIoError);
-    }
-    return bytes;
+    return files::openIfThere(QFile::encodeName(path), O_RDONLY) ? files::readAll(path)
+                                                                 : QByteArray();
 }
 
 /// The keys a 32-bit program sees under the name it asks for, the first first.
@@ -54,9 +50,12 @@ void addWithWine(RegistryHive hive, const QString &key, const QStringList &value
 {
     constexpr int longestWait = 30'000; // milliseconds; a start-up must not hang on it
     const QString root = hive == RegistryHive::LocalMachine ? u"HKLM\\"_s : u"HKCU\\"_s;
+    const QString program = programOnPath(u"wine"_s);
+    if (program.isEmpty()) {
+        throw RuntimeError(ErrorNumber::FileNotFound, u"wine"_s);
+    }
     QProcess wine;
-    wine.start(u"wine"_s,
-               QStringList{u"reg"_s, u"add"_s, root + key} + value + QStringList{u"/f"_s});
+    wine.start(program, QStringList{u"reg"_s, u"add"_s, root + key} + value + QStringList{u"/f"_s});
     if (!wine.waitForFinished(longestWait) || wine.exitStatus() != QProcess::NormalExit ||
         wine.exitCode() != 0) {
         throw RuntimeError(ErrorNumber::PathFileAccess);
@@ -124,8 +123,7 @@ private:
     {
         const QString path = fileOf(hive);
         const bool isHeld = isWineRunning(paths::prefix());
-        RegFile file = isHeld ? current(hive).file
-                              : RegFile(files::exists(path) ? files::readAll(path) : QByteArray());
+        RegFile file = isHeld ? current(hive).file : RegFile(readFile(path));
         const QByteArray before = file.bytes();
         edit(file, viewsOf(hive, key).first(), QDateTime::currentSecsSinceEpoch());
         if (file.bytes() == before) {

@@ -33,6 +33,7 @@ void readInto(FoundFile &found, int file)
         if (!found.opened) {
             throwErrno(errno, ErrorNumber::FileNotFound);
         }
+        lengthToRead(file);
         readRest(file, 0, found.content);
     } catch (const RuntimeError &error) {
         found.failure = error;
@@ -78,7 +79,7 @@ struct SubFolderReader::Private {
         while (ahead.size() < std::min(window, left)) {
             const QString &subFolder = subFolders[index + static_cast<qsizetype>(ahead.size())];
             const QByteArray file = QFile::encodeName(subFolder % u'/' % name);
-            const int opened = ::openat(folder.get(), file.constData(), O_RDONLY | O_CLOEXEC);
+            const int opened = ::openat(folder.get(), file.constData(), O_RDONLY | openFlags);
             ahead.emplace_back(opened);
             const bool few = opened < 0 ? errno == EMFILE
                                         : static_cast<rlim_t>(opened) + leftFree > limit.rlim_cur;
@@ -131,7 +132,7 @@ const FoundFile &SubFolderReader::next()
     const QByteArray onDisk = nameBlindToCase(parent.get(), d->name);
     found.name = QFile::decodeName(onDisk);
     if (!onDisk.isEmpty()) {
-        const Descriptor file(::openat(parent.get(), onDisk.constData(), O_RDONLY | O_CLOEXEC));
+        const Descriptor file(::openat(parent.get(), onDisk.constData(), O_RDONLY | openFlags));
         readInto(found, file.get());
     }
     return found;

@@ -375,14 +375,16 @@ void TestAddingAircraft::readOnlyFileIsReportedAndLeftAlone()
 
 void TestAddingAircraft::fullDiskIsReported()
 {
-    AddingPage user;
-    const QString host = user.sandbox.host(AircraftLoaderDriver::textFile);
-    QVERIFY(QFile::remove(host));
-    QVERIFY(QFile::link("/dev/full", host));
-    user.add({0});
+    const QByteArray before = QByteArray("; an earlier line of the file\r\n").repeated(33'000);
+    AddingPage user(before);
+    {
+        const FileSizeLimit limit(before.size());
+        user.add({0});
+    }
     QCOMPARE(user.messages(),
              QStringList{"Critical, Add AI Error: " + appendStep + "\rError  61 Disk full"});
     QCOMPARE(user.available().size(), 4);
+    QCOMPARE(user.textFileBytes(), before);
 }
 
 void TestAddingAircraft::diskThatFillsUpHalfWayKeepsWhatWasAddedBefore()

@@ -10,6 +10,11 @@
 #include <QSignalSpy>
 #include <QtTest>
 
+#include <cerrno>
+
+#include <sys/syscall.h>
+#include <unistd.h>
+
 namespace
 {
 
@@ -71,6 +76,8 @@ QByteArray line(const QByteArray &country, const QByteArray &province, const QBy
            "\r\n";
 }
 
+bool syncFails = false;
+
 /// A path of so many characters whose file name is a valid one.
 QString pathOfLength(qsizetype length)
 {
@@ -112,6 +119,13 @@ private:
 };
 
 } // namespace
+
+/// Stands before the C library's.
+extern "C" int fsync(int descriptor)
+{
+    errno = EIO;
+    return syncFails ? -1 : static_cast<int>(::syscall(SYS_fsync, descriptor));
+}
 
 class TestAirportFile : public QObject
 {
@@ -175,6 +189,7 @@ private Q_SLOTS:
     void fileThatIsAFolderIsReported();
     void fullDiskLeavesTheBytesThatWereThere_data();
     void fullDiskLeavesTheBytesThatWereThere();
+    void linesThatDoNotReachTheDiskAreReported();
     void failureLeavesTheChoicesForAnotherTry();
 
     // Editing it.
@@ -808,6 +823,15 @@ void TestAirportFile::fullDiskLeavesTheBytesThatWereThere()
     }
     QCOMPARE(user.messages(), QStringList{openFailed + "61 Disk full" + openStep});
     QCOMPARE(user.textFileBytes(), before);
+}
+
+void TestAirportFile::linesThatDoNotReachTheDiskAreReported()
+{
+    FilePage user;
+    syncFails = true;
+    user.append({"Germany"});
+    syncFails = false;
+    QCOMPARE(user.messages(), QStringList{openFailed + "57 Device I/O error" + openStep});
 }
 
 void TestAirportFile::failureLeavesTheChoicesForAnotherTry()

@@ -73,8 +73,13 @@ private Q_SLOTS:
     void savedDirectoryThatIsGoneIsReportedAndTheWindowIsUsable();
     void savedTextFileThatIsGoneIsReportedAndTheRestGoesOn();
     void savedDriveThatIsGoneIsReported();
+    void savedValuesThatNobodyWouldReadAreNoDelay_data();
+    void savedValuesThatNobodyWouldReadAreNoDelay();
+    void numberOfAMillionFiguresIsNoDelay();
     void unwritableProgramFolderIsReportedAndTheWindowIsUsable();
     void registeredFolderThatIsGoneIsReported();
+    void registryThatCannotBeReadIsReported_data();
+    void registryThatCannotBeReadIsReported();
     void neitherSimulatorLeavesTheLabelEmptyAndThePickersAlone();
     void simulatorXGivesAirplanes();
     void registeredFolderMayEndInABackslash();
@@ -510,6 +515,45 @@ void TestStartUp::savedDriveThatIsGoneIsReported()
              QString("Error  68 Device unavailable\rSetting drive to: q:"));
 }
 
+void TestStartUp::savedValuesThatNobodyWouldReadAreNoDelay_data()
+{
+    QTest::addColumn<int>("line");
+    for (const int line : {0, 1, 2, 3, 4, 5}) {
+        QTest::addRow("line %d", line + 1) << line;
+    }
+}
+
+void TestStartUp::savedValuesThatNobodyWouldReadAreNoDelay()
+{
+    QFETCH(int, line);
+    const QByteArray path = "C:\\" + QByteArray("aircraft\\").repeated(222'222) + "Aircraft";
+    Program program;
+    QByteArrayList values = {"0", "", "c:", "", Program::textFile.toLatin1(), "True"};
+    values[line] = path;
+    program.sandbox.write(Program::settingsFile, values.join("\r\n") + "\r\n");
+    QElapsedTimer timer;
+    timer.start();
+    program.start();
+    QVERIFY2(timer.elapsed() < 5000, "far from linear");
+    for (const MessageBox &box : program.outside.dialogs.boxes) {
+        QVERIFY(box.prompt.size() < 300);
+    }
+}
+
+void TestStartUp::numberOfAMillionFiguresIsNoDelay()
+{
+    Program program;
+    program.sandbox.write(Program::textFile,
+                          "AC#" + QByteArray(1'000'000, '1') + ",477,\"Boeing Blue\"\r\n");
+    program.rememberUsualRun();
+    QElapsedTimer timer;
+    timer.start();
+    program.start();
+    QVERIFY2(timer.elapsed() < 5000, "far from linear");
+    QCOMPARE(program.outside.dialogs.boxes.size(), 1);
+    QVERIFY(program.outside.dialogs.boxes[0].prompt.startsWith("Error  6 Overflow\r"));
+}
+
 void TestStartUp::unwritableProgramFolderIsReportedAndTheWindowIsUsable()
 {
     Program program;
@@ -534,6 +578,35 @@ void TestStartUp::registeredFolderThatIsGoneIsReported()
     QCOMPARE(program.outside.dialogs.boxes[0].prompt,
              QString("Error  76 Path not found\rGet FlightSim Path"));
     QCOMPARE(program.find<ListBox>("Tab0List2")->count(), 1); // the saved directory is there
+}
+
+void TestStartUp::registryThatCannotBeReadIsReported_data()
+{
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QString>("title");
+    QTest::addColumn<QString>("step");
+    QTest::newRow("simulator") << "Flight Simulator"
+                               << "FS Path Error"
+                               << "Get FlightSim Path";
+    QTest::newRow("suite") << "Ostrel"
+                           << "Check Registry Errors"
+                           << "Check for MorlenE exe_Path";
+}
+
+void TestStartUp::registryThatCannotBeReadIsReported()
+{
+    QFETCH(QString, key);
+    QFETCH(QString, title);
+    QFETCH(QString, step);
+    Program program;
+    program.outside.registry.failing = key;
+    program.rememberUsualRun();
+    program.start();
+    const auto &boxes = program.outside.dialogs.boxes;
+    QVERIFY(!boxes.isEmpty());
+    QCOMPARE(boxes[0].title, title);
+    QCOMPARE(boxes[0].prompt, "Error  57 Device I/O error\r" + step);
+    QCOMPARE(program.find<ListBox>("Tab0List2")->count(), 1); // the rest goes on
 }
 
 void TestStartUp::neitherSimulatorLeavesTheLabelEmptyAndThePickersAlone()

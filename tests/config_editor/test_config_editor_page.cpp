@@ -107,6 +107,7 @@ private Q_SLOTS:
     void aircraftWithoutPanelGivesItsMessageAndNoFurtherQuestion();
     void aliasIsFollowedOrNot_data();
     void aliasIsFollowedOrNot();
+    void aliasThatIsNoPathIsCutInItsQuestion();
     void aliasUnderRotorcraftHasNoSeparator();
     void noToBothAliasQuestionsGoesOnSuppressing();
     void questionsOfAnAliasAreWordedSo();
@@ -424,6 +425,24 @@ void TestConfigEditorPage::aliasIsFollowedOrNot()
     if (!opened.isEmpty()) {
         QCOMPARE(messages.last(), changed(opened));
     }
+}
+
+void TestConfigEditorPage::aliasThatIsNoPathIsCutInItsQuestion()
+{
+    constexpr qsizetype tenMegabytes = 10'000'000;
+    Editor editor;
+    editor.add("b58");
+    editor.addPanel("b58\\Panel", "alias=" + QByteArray(tenMegabytes, 'x') + "\r\n");
+    editor.start();
+    editor.outside.processes.failure = RuntimeError(ErrorNumber::BadFileName);
+    editor.outside.dialogs.answers = {Answer::Yes};
+    editor.editPanelOf(0);
+    const QString shown = QString(200, 'x') + "...";
+    QCOMPARE(editor.messages(),
+             (QStringList{"Information, Aliased Panel: This Panel is Aiased to " + shown +
+                              "\r\rDo you want to edit the aliased Panel?",
+                          "Exclamation, Config Editor: Error  52 Bad file name or number\r" +
+                              ("Notepad.exe C:\\FS9\\Aircraft\\" + shown).left(200) + "..."}));
 }
 
 void TestConfigEditorPage::aliasUnderRotorcraftHasNoSeparator()

@@ -20,22 +20,10 @@ const QString source = QStringLiteral("C:\\TTools\\Airports_Old.txt");
 
 /// Files, a step under way, and a trash of the test's own.
 struct Desk {
-    Desk() : m_dataHome(qgetenv("XDG_DATA_HOME"))
+    Desk()
     {
         step.set("The step");
         sandbox.makeFolder("C:\\TTools");
-        sandbox.makeFolder("C:\\share");
-        useTrashIn(sandbox.host("C:\\share"));
-    }
-
-    ~Desk() { qputenv("XDG_DATA_HOME", m_dataHome); }
-
-    Desk(const Desk &) = delete;
-    Desk &operator=(const Desk &) = delete;
-
-    static void useTrashIn(const QString &host)
-    {
-        qputenv("XDG_DATA_HOME", QFile::encodeName(host));
     }
 
     QStringList trashed() const
@@ -59,11 +47,9 @@ struct Desk {
     }
 
     Sandbox sandbox;
+    Environment dataHome{"XDG_DATA_HOME", QFile::encodeName(sandbox.host("C:\\share"))};
     Steps steps;
     Step &step = steps.step;
-
-private:
-    QByteArray m_dataHome;
 };
 
 } // namespace
@@ -347,10 +333,8 @@ void TestFpSetFiles::discardedFileGoesToTheTrash()
 void TestFpSetFiles::withoutATrashTheContentIsBackedUp()
 {
     Desk desk;
-    desk.sandbox.write("C:\\no folder", {});
-    Desk::useTrashIn(desk.sandbox.host("C:\\no folder"));
+    desk.sandbox.write("C:\\share\\Trash", "no folder");
     desk.sandbox.write(target, "airports of a set given up");
-    const OrdinaryUser user(desk.sandbox); // who has no trash at the root of the disk either
     QVERIFY(fpset_files::discard(target, desk.step));
     QCOMPARE(desk.files(), (QStringList{"Airports_Alpha.txt.Backup1"}));
     QCOMPARE(desk.sandbox.read(target + ".Backup1"), QByteArray("airports of a set given up"));

@@ -2,6 +2,7 @@
 #include "platform/basic.h"
 #include "tests/support/failure.h"
 
+#include <QElapsedTimer>
 #include <QLocale>
 #include <QScopeGuard>
 #include <QtTest>
@@ -15,6 +16,8 @@ private Q_SLOTS:
     void valReadsALeadingNumberAsFarAsItGoes();
     void valBeyondItsRangeOverflows_data();
     void valBeyondItsRangeOverflows();
+    void millionsOfFiguresAreReadInNoTime_data();
+    void millionsOfFiguresAreReadInNoTime();
     void strHasABlankWhereTheMinusWouldBe_data();
     void strHasABlankWhereTheMinusWouldBe();
     void wholeNumberTextIsDecimal_data();
@@ -111,6 +114,42 @@ void TestBasic::valBeyondItsRangeOverflows()
 {
     QFETCH(QString, text);
     QCOMPARE(failureOf([&] { basic::val(text); }), "6 Overflow");
+}
+
+void TestBasic::millionsOfFiguresAreReadInNoTime_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("result"); // of toInteger16
+    const QString zeros(2'000'000, '0');
+    const QString ones(2'000'000, '1');
+    QTest::newRow("too large") << ones << "6 Overflow";
+    QTest::newRow("zeros in front") << zeros + "12"
+                                    << "12";
+    QTest::newRow("negative") << "-" + zeros + "12"
+                              << "-12";
+    QTest::newRow("small fraction") << "0." + zeros + "1"
+                                    << "0";
+    QTest::newRow("long fraction") << "12.4" + ones << "12";
+    QTest::newRow("made small by its exponent") << "12" + zeros + "e-2000000"
+                                                << "6 Overflow";
+    QTest::newRow("exponent of many figures") << "1e" + ones << "6 Overflow";
+    QTest::newRow("zeros in the exponent") << "12e" + zeros + "1"
+                                           << "120";
+    QTest::newRow("commas") << QString("1,").repeated(1'000'000) << "6 Overflow";
+    QTest::newRow("no number") << ones + "x"
+                               << "13 Type mismatch";
+}
+
+void TestBasic::millionsOfFiguresAreReadInNoTime()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, result);
+    QElapsedTimer timer;
+    timer.start();
+    QString actual;
+    const QString failure = failureOf([&] { actual = QString::number(basic::toInteger16(text)); });
+    QCOMPARE(failure.isEmpty() ? actual : failure, result);
+    QVERIFY2(timer.elapsed() < 2000, "far from linear"); // quadratic took minutes
 }
 
 void TestBasic::strHasABlankWhereTheMinusWouldBe_data()

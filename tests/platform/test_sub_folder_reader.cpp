@@ -12,6 +12,7 @@
 #include <functional>
 
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace
@@ -77,6 +78,7 @@ private Q_SLOTS:
     void longAndShortFilesAreReadIntoTheSameMemory();
     void reasonWhyAFileCannotBeReadIsKept();
     void openingAndReadingFailApart();
+    void whatIsNoFileOfThisSizeFailsAtOnce();
     void folderThatCannotBeOpenedFails();
     void subFolderThatVanishedFailsAndTheNextIsRead();
     void folderThatVanishedFails();
@@ -169,6 +171,22 @@ void TestSubFolderReader::openingAndReadingFailApart()
     const files::FoundFile notRead = reader.next();
     QVERIFY(notRead.opened);
     QCOMPARE(notRead.failure->description(), QString("Device I/O error"));
+}
+
+void TestSubFolderReader::whatIsNoFileOfThisSizeFailsAtOnce()
+{
+    const Sandbox sandbox;
+    for (const QString name : {"Device", "Large", "Pipe"}) {
+        sandbox.makeFolder(folder + '\\' + name);
+    }
+    QVERIFY(QFile::link("/dev/zero", sandbox.host("C:\\FS9\\Device\\aircraft.cfg")));
+    sandbox.write("C:\\FS9\\Large\\aircraft.cfg", {});
+    QVERIFY(QFile::resize(sandbox.host("C:\\FS9\\Large\\aircraft.cfg"), (256 << 20) + 1));
+    const QByteArray pipe = QFile::encodeName(sandbox.host("C:\\FS9\\Pipe\\aircraft.cfg"));
+    QCOMPARE(::mkfifo(pipe.constData(), 0600), 0);
+    QCOMPARE(foundIn({"Device", "Large", "Pipe"}),
+             (QStringList{"aircraft.cfg: Path/File access error", "aircraft.cfg: Out of memory",
+                          "aircraft.cfg: Path/File access error"}));
 }
 
 void TestSubFolderReader::folderThatCannotBeOpenedFails()

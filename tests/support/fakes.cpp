@@ -56,6 +56,9 @@ QString FakeDialogs::openFile(const OpenFileDialog &dialog)
 std::optional<RegistryData> FakeRegistry::value(RegistryHive hive, const QString &key,
                                                 const QString &name) const
 {
+    if (!failing.isEmpty() && key.contains(failing)) {
+        throw RuntimeError(ErrorNumber::DeviceIoError);
+    }
     const auto found = m_values.find({hive, key.toLower(), name.toLower()});
     return found == m_values.end() ? std::nullopt : std::optional(found->second);
 }

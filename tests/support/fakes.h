@@ -45,6 +45,8 @@ public:
     void installFs9(const QString &folder);
     void installFsX(const QString &folder);
 
+    QString failing; ///< keys that hold this cannot be read
+
 private:
     std::map<std::tuple<RegistryHive, QString, QString>, RegistryData> m_values;
 };

@@ -54,6 +54,9 @@ private Q_SLOTS:
     void folderInPlaceOfTheSourceFails();
     void folderInPlaceOfTheBackupFails();
     void readOnlyFolderFailsAtOpeningTheBackup();
+    void readOnlyFolderLeavesBothGenerations();
+    void plantedLinksAreNotFollowed();
+    void backupIsAsPrivateAsItsSource();
     void readOnlyBackupFailsAndStays();
     void fullDiskLeavesNoHalfBackup_data();
     void fullDiskLeavesNoHalfBackup();
@@ -242,6 +245,48 @@ void TestBackup::readOnlyFolderFailsAtOpeningTheBackup()
     QVERIFY(QFile::setPermissions(sandbox.host(folder), QFile::ReadOwner | QFile::ExeOwner));
     QCOMPARE(failureOfBackup(), "75 Path/File access error: Open " + backup1);
     QCOMPARE(fileNames(sandbox), QStringList{"Aircraft_Set.txt"});
+}
+
+void TestBackup::readOnlyFolderLeavesBothGenerations()
+{
+    const Sandbox sandbox;
+    sandbox.write(source, "the source of now");
+    sandbox.write(backup1, "a copy of yesterday");
+    sandbox.write(backup2, "a copy of the day before yesterday");
+    QVERIFY(QFile::setPermissions(sandbox.host(folder), QFile::ReadOwner | QFile::ExeOwner));
+    const OrdinaryUser user(sandbox);
+    QCOMPARE(failureOfBackup(), QString("75 Path/File access error: File Copy Backup"));
+    QCOMPARE(sandbox.read(backup1), QByteArray("a copy of yesterday"));
+    QCOMPARE(sandbox.read(backup2), QByteArray("a copy of the day before yesterday"));
+}
+
+void TestBackup::plantedLinksAreNotFollowed()
+{
+    const Sandbox sandbox;
+    sandbox.write("C:\\Elsewhere\\real.txt", "somebody's own file");
+    sandbox.write(source, "the source of now");
+    QVERIFY(QFile::link("../Elsewhere/new.txt", sandbox.host(backup1)));
+    QCOMPARE(failureOfBackup(), "76 Path not found: Open " + backup1);
+    QVERIFY(!sandbox.exists("C:\\Elsewhere\\new.txt"));
+
+    QVERIFY(QFile::remove(sandbox.host(backup1)));
+    sandbox.write(backup1, "a copy of yesterday");
+    QVERIFY(QFile::link("../Elsewhere/real.txt", sandbox.host(backup2)));
+    QCOMPARE(failureOfBackup(), QString());
+    QCOMPARE(sandbox.read("C:\\Elsewhere\\real.txt"), QByteArray("somebody's own file"));
+    QCOMPARE(sandbox.read(backup2), QByteArray("a copy of yesterday"));
+}
+
+void TestBackup::backupIsAsPrivateAsItsSource()
+{
+    const Sandbox sandbox;
+    sandbox.write(source, "the source of now");
+    QVERIFY(QFile::setPermissions(sandbox.host(source), QFile::ReadOwner | QFile::WriteOwner));
+    for (const QString &backup : {backup1, backup2}) {
+        QCOMPARE(failureOfBackup(), QString());
+        QVERIFY(
+            !(QFile::permissions(sandbox.host(backup)) & (QFile::ReadGroup | QFile::ReadOther)));
+    }
 }
 
 void TestBackup::readOnlyBackupFailsAndStays()

@@ -47,6 +47,7 @@ private Q_SLOTS:
     void stepIsTheOneUnderWay();
     void stepIsGivenBackWhenTheStepsAreDone();
     void failedSideStepNamesItself();
+    void stepThatNobodyWouldReadIsCut();
     void successShowsNothing();
     void programGoesOnAfterAFailure();
     void failuresOfOtherKindsPass();
@@ -80,6 +81,7 @@ void TestErrorReport::everyNumberHasItsDescription_data()
     };
     row(ErrorNumber::InvalidProcedureCall, "Error  5 Invalid procedure call or argument");
     row(ErrorNumber::Overflow, "Error  6 Overflow");
+    row(ErrorNumber::OutOfMemory, "Error  7 Out of memory");
     row(ErrorNumber::SubscriptOutOfRange, "Error  9 Subscript out of range");
     row(ErrorNumber::TypeMismatch, "Error  13 Type mismatch");
     row(ErrorNumber::BadFileName, "Error  52 Bad file name or number");
@@ -144,6 +146,21 @@ void TestErrorReport::failedSideStepNamesItself()
     });
     QCOMPARE(report.dialogs.boxes[0].prompt, QString("Error  61 Disk full\rFile Copy Backup"));
     QCOMPARE(report.state.ErrMsg, QString("before"));
+}
+
+void TestErrorReport::stepThatNobodyWouldReadIsCut()
+{
+    Reporting report;
+    const auto promptFor = [&](qsizetype length) {
+        report.errors.run("LoadList Error", [&](Step &step) {
+            step.set(QString(length, 'x'));
+            throw RuntimeError(ErrorNumber::BadFileName);
+        });
+        return report.dialogs.boxes.takeLast().prompt;
+    };
+    const QString error = "Error  52 Bad file name or number\r";
+    QCOMPARE(promptFor(600), error + QString(600, 'x')); // two whole paths
+    QCOMPARE(promptFor(601), error + QString(200, 'x') + "...");
 }
 
 void TestErrorReport::successShowsNothing()

@@ -55,6 +55,8 @@ private Q_SLOTS:
     void companionThatDoesNotRunIsStartedInItsOwnFolder();
     void companionWithoutACaptionIsStarted();
     void companionWhoseFolderIsGoneIsAnError();
+    void whatCannotBeReadIsNamed_data();
+    void whatCannotBeReadIsNamed();
 };
 
 void TestSuiteRegistry::firstStartCreatesTheSuitesTwoKeys()
@@ -175,6 +177,31 @@ void TestSuiteRegistry::companionWhoseFolderIsGoneIsAnError()
              QString("76 Path not found"));
     QCOMPARE(processes.started, QStringList());
     QCOMPARE(processes.raised, QStringList()); // the folder comes first
+}
+
+void TestSuiteRegistry::whatCannotBeReadIsNamed_data()
+{
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<bool>("registered");
+    QTest::addColumn<QString>("step");
+    QTest::newRow("path") << "Utilities\\Path" << true << "Check for MorlenE exe_Path";
+    QTest::newRow("caption") << "Utilities\\Caption" << true << "Check for MorlenE Caption";
+    QTest::newRow("Pellara") << "Pellara\\Path" << false << "Check for Pellara Exe_Path";
+    QTest::newRow("its caption") << "Pellara\\Caption" << false << "Check for Pellara Caption";
+}
+
+void TestSuiteRegistry::whatCannotBeReadIsNamed()
+{
+    QFETCH(QString, key);
+    QFETCH(bool, registered);
+    QFETCH(QString, step);
+    Suite suite;
+    if (registered) {
+        suite.add("Morlen Utilities\\Path", "Exe_Path", "C:\\Morlen\\MorlenEditor.exe");
+    }
+    suite.registry.failing = key;
+    QCOMPARE(failureOf([&] { suite.check(); }) + ": " + suite.steps.ErrMsg,
+             "57 Device I/O error: " + step);
 }
 
 QTEST_GUILESS_MAIN(TestSuiteRegistry)

@@ -4,6 +4,7 @@
 
 #include "app/services/notepad_substitutes.h"
 #include "platform/paths.h"
+#include "tests/support/environment.h"
 #include "tests/support/failure.h"
 #include "tests/support/programs.h"
 
@@ -43,13 +44,15 @@ private Q_SLOTS:
     void programPathMayHoldBlanks();
     void shortestLeadingPartThatIsAProgramIsTaken();
     void programIsLookedForInSystemFoldersThenOnThePath();
+    void wholeLineThatIsAProgramIsTaken();
+    void partsOfThePathThatDependOnWhereWeAreAreSkipped_data();
+    void partsOfThePathThatDependOnWhereWeAreAreSkipped();
+    void missingHelpersAreNamed();
     void currentDirectoryIsNotSearched();
     void windowsProgramRunsWithWine();
-    void windowsProgramWithoutWineFails();
     void notepadOfTheSystemIsTaken();
     void editorStandsInForNotepad_data();
     void editorStandsInForNotepad();
-    void noNotepadAndNoEditorFails();
 };
 
 void TestHostCommand::windowsPathReachesANativeProgramAsTheHosts()
@@ -103,6 +106,47 @@ void TestHostCommand::programIsLookedForInSystemFoldersThenOnThePath()
     QCOMPARE(resolved("tool x"), (QStringList{"c:/windows/system32/Tool", "x"}));
 }
 
+void TestHostCommand::wholeLineThatIsAProgramIsTaken()
+{
+    const Programs programs;
+    programs.add("C:\\Program");
+    programs.add("C:\\Program Files\\TTools\\TTools.exe");
+    QCOMPARE(resolved("C:\\Program Files\\TTools\\TTools.exe"),
+             QStringList{"c:/Program Files/TTools/TTools.exe"});
+    QCOMPARE(resolved("C:\\Program Files\\TTools\\TTools.exe x"),
+             (QStringList{"c:/Program", "Files\\TTools\\TTools.exe x"}));
+}
+
+void TestHostCommand::partsOfThePathThatDependOnWhereWeAreAreSkipped_data()
+{
+    QTest::addColumn<QByteArray>("path");
+    QTest::newRow("empty") << QByteArray("");
+    QTest::newRow("here") << QByteArray(".");
+    QTest::newRow("empty part") << QByteArray("/nowhere::/nowhere");
+    QTest::newRow("empty end") << QByteArray("/nowhere:");
+    QTest::newRow("relative") << QByteArray("../Morlen:Morlen");
+}
+
+void TestHostCommand::partsOfThePathThatDependOnWhereWeAreAreSkipped()
+{
+    QFETCH(QByteArray, path);
+    const Programs programs;
+    programs.add("C:\\Morlen\\tool");
+    programs.add("C:\\Morlen\\Morlen\\tool");
+    const Environment searched("PATH", path);
+    QCOMPARE(failureOf([&] { resolved("tool"); }), "53 File not found");
+}
+
+void TestHostCommand::missingHelpersAreNamed()
+{
+    const Programs programs;
+    programs.add("C:\\TTools\\TTools.exe", "MZ\x90");
+    QCOMPARE(failureOf([&] { resolved("C:\\TTools\\TTools.exe"); }), "53 File not found: wine");
+    const QString noEditor = failureOf([&] { resolved("NOTEPAD.EXE C:\\a.txt"); });
+    QCOMPARE(noEditor, "53 File not found: notepad, mousepad, gedit, gnome-text-editor, kate, "
+                       "kwrite, featherpad, pluma, xed, leafpad");
+}
+
 void TestHostCommand::currentDirectoryIsNotSearched()
 {
     const Programs programs;
@@ -121,13 +165,6 @@ void TestHostCommand::windowsProgramRunsWithWine()
     // Its argument is for Windows: it stays as it is.
     QCOMPARE(resolved("C:\\TTools\\ttools.exe C:\\my set.txt"),
              (QStringList{"c:/Path/wine", "c:/TTools/TTools.exe", "C:\\my set.txt"}));
-}
-
-void TestHostCommand::windowsProgramWithoutWineFails()
-{
-    const Programs programs;
-    programs.add("C:\\TTools\\TTools.exe", "MZ\x90");
-    QCOMPARE(failureOf([&] { resolved("C:\\TTools\\TTools.exe"); }), QString("53 File not found"));
 }
 
 void TestHostCommand::notepadOfTheSystemIsTaken()
@@ -152,6 +189,14 @@ void TestHostCommand::editorStandsInForNotepad_data()
     QTest::newRow("gedit") << QStringList{"gedit"}
                            << QStringList{"c:/Path/gedit", "--standalone", "--wait", set};
     QTest::newRow("kate") << QStringList{"kate"} << QStringList{"c:/Path/kate", "--block", set};
+    QTest::newRow("gnome-text-editor")
+        << QStringList{"gnome-text-editor"}
+        << QStringList{"c:/Path/gnome-text-editor", "--standalone", set};
+    QTest::newRow("kwrite") << QStringList{"kwrite"} << QStringList{"c:/Path/kwrite", set};
+    QTest::newRow("featherpad") << QStringList{"featherpad"}
+                                << QStringList{"c:/Path/featherpad", "--standalone", set};
+    QTest::newRow("pluma") << QStringList{"pluma"} << QStringList{"c:/Path/pluma", set};
+    QTest::newRow("xed") << QStringList{"xed"} << QStringList{"c:/Path/xed", "--standalone", set};
     QTest::newRow("leafpad") << QStringList{"leafpad"} << QStringList{"c:/Path/leafpad", set};
     QTest::newRow("first of several")
         << QStringList{"leafpad", "kate", "kwrite"} << QStringList{"c:/Path/kate", "--block", set};
@@ -168,12 +213,6 @@ void TestHostCommand::editorStandsInForNotepad()
     }
     QCOMPARE(resolved("NOTEPAD.EXE C:\\TTools\\my set.txt"), words);
     QCOMPARE(resolved("Notepad C:\\TTools\\my set.txt"), words);
-}
-
-void TestHostCommand::noNotepadAndNoEditorFails()
-{
-    const Programs programs;
-    QCOMPARE(failureOf([&] { resolved("NOTEPAD.EXE C:\\a.txt"); }), QString("53 File not found"));
 }
 
 QTEST_GUILESS_MAIN(TestHostCommand)

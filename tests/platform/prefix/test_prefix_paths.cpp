@@ -40,6 +40,7 @@ private Q_SLOTS:
     void missingDriveIsUnavailable();
     void drivesAreTheLinksInLetterOrder();
     void prefixWithoutDrivesHasNone();
+    void pathThatIsTooLongIsRefusedAtOnce();
     void hostPathsAreShownUnderTheLongestDrive_data();
     void hostPathsAreShownUnderTheLongestDrive();
     void driveIsKnownByItsLinkToo();
@@ -192,6 +193,13 @@ void TestPrefixPaths::drivesAreTheLinksInLetterOrder()
     addDrive(sandbox, "com1", "/dev");
     addDrive(sandbox, "1:", "/");
     QCOMPARE(paths::drives(), (QStringList{"c:", "d:", "g:", "z:"}));
+}
+
+void TestPrefixPaths::pathThatIsTooLongIsRefusedAtOnce()
+{
+    const Sandbox sandbox;
+    const QString path = "C:\\" + QString("a\\").repeated(1'000'000);
+    QCOMPARE(failureOf([&] { paths::toHost(path); }), "52 Bad file name or number");
 }
 
 void TestPrefixPaths::prefixWithoutDrivesHasNone()

@@ -346,7 +346,7 @@ void TestProcess::documentThatNothingOpensFails()
     Programs programs; // no xdg-open on the PATH
     programs.sandbox.write("C:\\Morlen\\Donate.htm", "");
     QCOMPARE(failureOf([&] { programs.processes.openDocument("C:\\Morlen\\Donate.htm"); }),
-             QString("53 File not found"));
+             QString("53 File not found: xdg-open"));
 }
 
 QTEST_MAIN(TestProcess)

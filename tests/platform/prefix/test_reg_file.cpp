@@ -49,6 +49,8 @@ private Q_SLOTS:
     void longerValueThatWasContinuedIsReplacedWhole();
     void newValueGoesBehindTheKeysLast();
     void newKeyGoesToTheEnd();
+    void damagedLastLineDoesNotSwallowANewValue_data();
+    void damagedLastLineDoesNotSwallowANewValue();
     void missingFinalLineEndIsCompleted();
     void carriageReturnsAreKept();
     void anEmptyFileBecomesAValidOne();
@@ -157,6 +159,28 @@ void TestRegFile::newKeyGoesToTheEnd()
     const QByteArray once = file.bytes();
     file.createKey("SOFTWARE\\Ostrel\\Morlen utilities\\path", 5);
     QCOMPARE(file.bytes(), once);
+}
+
+void TestRegFile::damagedLastLineDoesNotSwallowANewValue_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::newRow("whole line") << QByteArray(
+        "WINE REGISTRY Version 2\n\n[K] 1\n\"A\"=hex:01,\\\n");
+    QTest::newRow("no line end") << QByteArray("WINE REGISTRY Version 2\n\n[K] 1\n\"A\"=hex:01,\\");
+    QTest::newRow("in the middle")
+        << QByteArray("WINE REGISTRY Version 2\n\n[K] 1\n\"A\"=hex:01,\\\n\n[L] 1\n\"X\"=\"y\"\n");
+}
+
+void TestRegFile::damagedLastLineDoesNotSwallowANewValue()
+{
+    QFETCH(QByteArray, bytes);
+    RegFile file(bytes);
+    file.setValue("K", "B", QString("b"), 1);
+    file.setValue("M", "C", QString("c"), 1);
+    const RegFile again(file.bytes());
+    QVERIFY(again.value("K", "B") == RegistryData(QString("b")));
+    QVERIFY(again.value("M", "C") == RegistryData(QString("c")));
+    QVERIFY(file.bytes().contains("\\\n\n")); // the line that goes on goes on into nothing
 }
 
 void TestRegFile::missingFinalLineEndIsCompleted()

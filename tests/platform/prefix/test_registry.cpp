@@ -76,6 +76,9 @@ private Q_SLOTS:
     void aChangedFileIsReadAgain();
     void writingTheSameChangesNoByteAndNoTime();
     void writtenValuesAreReadBack();
+    void aFileThatCannotBeReadIsAnErrorAndStays_data();
+    void aFileThatCannotBeReadIsAnErrorAndStays();
+    void aLockThatIsNoneOfOursIsNotTaken();
     void aFileWithoutTheRightToItIsReported_data();
     void aFileWithoutTheRightToItIsReported();
     void aRunningWineIsSeenByItsLock_data();
@@ -172,6 +175,77 @@ void TestRegistry::aFileWithoutTheRightToItIsReported()
     QVERIFY(file.setPermissions(QFile::ReadOwner));
     QVERIFY(file.open(QIODevice::ReadOnly));
     QCOMPARE(file.readAll(), sample);
+}
+
+void TestRegistry::aFileThatCannotBeReadIsAnErrorAndStays_data()
+{
+    QTest::addColumn<QString>("obstacle");
+    QTest::newRow("no right to read") << "rights";
+    QTest::newRow("no right to its folder") << "closed";
+    QTest::newRow("a folder in its place") << "folder";
+    QTest::newRow("a link that leads in a circle") << "circle";
+}
+
+void TestRegistry::aFileThatCannotBeReadIsAnErrorAndStays()
+{
+    QFETCH(QString, obstacle);
+    const Sandbox sandbox;
+    QFile file(sandbox.prefix() + "/user.reg");
+    if (obstacle == "folder") {
+        QVERIFY(QDir().mkdir(file.fileName()));
+    } else if (obstacle == "circle") {
+        QVERIFY(QFile::link("user.reg", file.fileName()));
+    } else {
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(sample) > 0);
+        file.close();
+        QVERIFY(QFile::setPermissions(obstacle == "closed" ? sandbox.prefix() : file.fileName(),
+                                      QFile::WriteOwner));
+    }
+    {
+        const OrdinaryUser user(sandbox);
+        const auto registry = systemRegistry();
+        QVERIFY(
+            !failureOf([&] { registry->value(RegistryHive::CurrentUser, "K", "B"); }).isEmpty());
+        QVERIFY(
+            !failureOf([&] { registry->createKey(RegistryHive::CurrentUser, "New"); }).isEmpty());
+        QVERIFY(!failureOf([&] {
+                     registry->setValue(RegistryHive::CurrentUser, "K", "A", QString("b"));
+                 }).isEmpty());
+    }
+    if (obstacle == "rights" || obstacle == "closed") {
+        QVERIFY(QFile::setPermissions(sandbox.prefix(), QFile::ReadOwner | QFile::ExeOwner));
+        QVERIFY(file.setPermissions(QFile::ReadOwner) && file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll(), sample);
+    } else {
+        QVERIFY(!QFileInfo(file.fileName()).isFile());
+    }
+}
+
+/// A pipe would never answer, and a folder of somebody else says nothing about our Wine.
+void TestRegistry::aLockThatIsNoneOfOursIsNotTaken()
+{
+    const Sandbox sandbox;
+    const QTemporaryDir places;
+    const WineServerPlaces wineServers{places.filePath("tmp"), places.filePath("run")};
+    struct stat info = {};
+    QCOMPARE(::stat(QFile::encodeName(sandbox.prefix()).constData(), &info), 0);
+    const QString folder = QString("%1/tmp/.wine-%2/server-%3-%4")
+                               .arg(places.path())
+                               .arg(::getuid())
+                               .arg(info.st_dev, 0, 16)
+                               .arg(info.st_ino, 0, 16);
+    QVERIFY(QDir().mkpath(folder));
+    QCOMPARE(::mkfifo(QFile::encodeName(folder + "/lock").constData(), 0600), 0);
+    QVERIFY(!isWineRunning(sandbox.prefix(), wineServers)); // and at once
+    QVERIFY(QFile::remove(folder + "/lock"));
+
+    const LockHolder other(sandbox.prefix(),
+                           places.filePath(QString("tmp/.wine-%1").arg(::getuid())));
+    QVERIFY(isWineRunning(sandbox.prefix(), wineServers));
+    if (::geteuid() == 0) { // only root can give a folder away
+        QCOMPARE(::chown(QFile::encodeName(folder).constData(), 65534, 65534), 0);
+        QVERIFY(!isWineRunning(sandbox.prefix(), wineServers));
+    }
 }
 
 void TestRegistry::aRunningWineIsSeenByItsLock_data()
