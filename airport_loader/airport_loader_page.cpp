@@ -24,7 +24,7 @@ namespace
 
 constexpr QLatin1StringView filePrompt = "Please Select Airport Text file to Edit --->"_L1;
 constexpr QLatin1StringView applicationTitle = "Morlen Utilities"_L1;
-constexpr QLatin1StringView fileErrorTitle = "Airport Text File Error"_L1;
+constexpr QLatin1StringView fileErrorTitle = "Create File Error"_L1;
 constexpr qsizetype pathLimit = 50;    // characters of a path that are shown
 constexpr qsizetype setPathLimit = 60; // the same, of a new set's file
 
@@ -386,7 +386,7 @@ void AirportLoaderPage::Tab1cmdEdit_Click()
     if (answer != MessageBox::Answer::Yes) {
         return;
     }
-    m_services.errors.run(fileErrorTitle, [this](Step &step) {
+    m_services.errors.run(u"Edit Airport Error"_s, [this](Step &step) {
         step.set(u"Edit "_s + m_state.AirportTextFile);
         m_services.log.write(u"Edit Aircraft Listing Edit "_s + m_state.AirportTextFile);
         m_services.shell.Shellandwait(u"NOTEPAD.EXE "_s + m_state.AirportTextFile, 0, 1);

@@ -26,7 +26,8 @@ const QString existingChoice = seattle + '/' + seattle;
 const QString created =
     QStringLiteral("None, AI Aircraft Loader: C:\\TTools\\Airport_Set.txt Created "
                    "Successfully!\r\rDo you want to view the file?");
-const QString openFailed = QStringLiteral("Exclamation, Airport Text File Error: Error  ");
+const QString openFailed = QStringLiteral("Exclamation, Create File Error: Error  ");
+const QString editFailed = QStringLiteral("Exclamation, Edit Airport Error: Error  ");
 const QString openStep = QStringLiteral("\rOpen C:\\TTools\\Airport_Set.txt");
 const QString caution = QStringLiteral(
     "None, Airport Edit Caution: CAUTION!\r\rThese Airports may be used in existing FlightPlans.  "
@@ -932,7 +933,7 @@ void TestAirportFile::fileDeletedWhileEditingIsReported()
     user.outside.dialogs.answers = {MessageBox::Answer::Yes};
     user.outside.processes.whileRunning = [&] { user.removeTextFile(); };
     user.press("Tab1cmdEdit");
-    QCOMPARE(user.messages(), (QStringList{caution, openFailed + "53 File not found" + openStep}));
+    QCOMPARE(user.messages(), (QStringList{caution, editFailed + "53 File not found" + openStep}));
     QCOMPARE(user.traced().last(),
              QString("Error  53 File not found - Open C:\\TTools\\Airport_Set.txt"));
     QCOMPARE(user.toAdd(), QStringList());
