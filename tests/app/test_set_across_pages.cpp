@@ -333,7 +333,10 @@ void TestSetAcrossPages::discardedAircraftFileIsForgottenByPage0()
     program.createAirports();
     program.createAircraft();
     program.addPage0sFirst();
+    QVERIFY(program.isEnabled("cmdTtools"));
     program.press("tab2cmdCancel");
+    QVERIFY(!program.isEnabled("cmdTtools"));
+    QVERIFY(!program.isEnabled("cmdEdit"));
     QVERIFY(!program.sandbox.exists(program.aircraft));
     QCOMPARE(program.label("lblAircraftTextFile"), QString("Please select an Aircraft Text File"));
     QCOMPARE(program.state().AircraftTextDir, QString());
