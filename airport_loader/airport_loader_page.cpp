@@ -15,6 +15,8 @@
 #include <QAction>
 #include <QScopeGuard>
 
+#include <utility>
+
 #include "ui_airport_loader_page.h"
 
 using namespace Qt::StringLiterals;
@@ -107,6 +109,7 @@ void AirportLoaderPage::Tab1cmdReset_Click()
          std::initializer_list<ListBox *>{ui->Tab1List2, ui->Tab1lstAICO, ui->Tab1lstCountry}) {
         list->clear();
     }
+    m_existing = 0;
     ui->Tab1List1->setEnabled(false);
     for (QWidget *control :
          std::initializer_list<QWidget *>{ui->Tab1cmdCreateFile, ui->Tab1cmdReset, ui->Tab1cmdEdit,
@@ -170,6 +173,7 @@ void AirportLoaderPage::Tab1List1_DragDrop(const QString &text)
         return;
     }
     const int hidden = index + hiddenOffset();
+    m_existing -= index < m_existing ? 1 : 0; // a line too short to be told from a choice
     ui->Tab1List1->addItem(text);
     ui->Tab1List2->removeItem(index);
     ui->Tab1lstAICO->removeItem(hidden);
@@ -260,12 +264,17 @@ void AirportLoaderPage::Tab1cmdBrowse_Click()
 
 void AirportLoaderPage::readTextFile()
 {
-    ui->Tab1List2->clear();
-    const QStringList items =
+    // The choices stay in sight, behind the file's entries.
+    const qsizetype chosen = ui->Tab1List2->count() - std::exchange(m_existing, 0);
+    ui->Tab1List2->setItems(ui->Tab1List2->items().last(chosen));
+    const QStringList entries =
         airport_text_file::existingItems(files::readAll(m_state.AirportTextFile));
-    ui->Tab1List2->setItems(items);
-    ui->Tab1lstAICO->setItems(ui->Tab1lstAICO->items() + items);
-    ui->Tab1lstCountry->setItems(ui->Tab1lstCountry->items() + items);
+    for (ListBox *list :
+         std::initializer_list<ListBox *>{ui->Tab1List2, ui->Tab1lstAICO, ui->Tab1lstCountry}) {
+        const QStringList items = list->items();
+        list->setItems(items.first(items.size() - chosen) + entries + items.last(chosen));
+    }
+    m_existing = entries.size();
 }
 
 void AirportLoaderPage::showMissingFileName()

@@ -80,4 +80,5 @@ private:
     const SetInProgress &m_set;
     std::unique_ptr<Ui::AirportLoaderPage> ui;
     AirportBrowser m_browser;
+    qsizetype m_existing = 0; ///< how many entries of "Airports to Add" are the file's: the first
 };

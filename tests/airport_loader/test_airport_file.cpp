@@ -130,7 +130,7 @@ private Q_SLOTS:
     void linesShorterThan43CharactersGiveACodeWithNothingBehind();
     void entryOfMoreThan35CharactersReadsBackShifted();
     void pathOf50CharactersIsShownWholeOf51Shortened();
-    void choosingAgainBeginsTheVisibleListAnewAndExtendsTheHidden();
+    void choosingAgainListsTheFileBeforeTheChoices();
     void cancelledDialogLeavesNoFileChosen();
     void fileThatCannotBeReadIsReported_data();
     void fileThatCannotBeReadIsReported();
@@ -187,6 +187,8 @@ private Q_SLOTS:
     void editLeavesTheHeadingAlone();
     void editGivesTheFocusToQuit();
     void reloadedAirportsAreAddedToTheHiddenLists();
+    void editLeavesTheChoicesThatAreNotTakenBack();
+    void shortLineThatWasDraggedOutTakesNoChoiceAlong();
     void deletingAllAirportsLeavesTheListEmpty();
     void shortLineAddedByHandIsListedAsItsCode();
     void fileDeletedWhileEditingIsReported();
@@ -307,14 +309,27 @@ void TestAirportFile::pathOf50CharactersIsShownWholeOf51Shortened()
     QVERIFY(user.showsTextFile("..." + pathOfLength(51).sliced(1)));
 }
 
-void TestAirportFile::choosingAgainBeginsTheVisibleListAnewAndExtendsTheHidden()
+void TestAirportFile::choosingAgainListsTheFileBeforeTheChoices()
 {
     FilePage user;
-    user.choose("Germany");
+    user.descend("Germany");
+    user.press("Tab1optICAO"); // whose entries look like the file's
+    user.choose("EDDH - Hamburg Airport, Hamburg");
+    user.press("Tab1cmdPrevious");
+    user.choose("Jamaica");
+    const QStringList chosen = {"EDDH - Hamburg Airport, Hamburg", "Jamaica"};
+    user.writeTextFile(kingstonLine + seattleLine);
     user.chooseTextFile();
-    QCOMPARE(user.toAdd(), QStringList{seattle});
-    QCOMPARE(user.choices(), (QStringList{existingChoice, "Germany/Germany", existingChoice}));
-    QCOMPARE(user.label("lblT1Airport"), QString("Existing Airports: 1"));
+    QCOMPARE(user.toAdd(), QStringList({"MKJP - Kingston, , Jamaica", seattle}) + chosen);
+    QCOMPARE(user.choices().mid(3), (QStringList{"EDDH/Germany", "Jamaica/Jamaica"}));
+    QCOMPARE(user.label("lblT1Airport"), QString("Existing Airports: 4"));
+    user.chooseTextFile("C:\\TTools\\Airport_Gone.txt");
+    QCOMPARE(user.toAdd(), chosen);
+    user.chooseTextFile();
+    QCOMPARE(user.toAdd(), QStringList({"MKJP - Kingston, , Jamaica", seattle}) + chosen);
+    user.press("Tab1cmdCreateFile");
+    QCOMPARE(user.textFileBytes(),
+             kingstonLine + seattleLine + header + hamburgLine + kingstonLine);
 }
 
 void TestAirportFile::cancelledDialogLeavesNoFileChosen()
@@ -909,6 +924,32 @@ void TestAirportFile::reloadedAirportsAreAddedToTheHiddenLists()
     QCOMPARE(user.choices(), (QStringList{existingChoice, existingChoice}));
     user.append({"Jamaica"}); // which does no harm
     QCOMPARE(user.textFileBytes(), seattleLine + header + kingstonLine);
+}
+
+void TestAirportFile::editLeavesTheChoicesThatAreNotTakenBack()
+{
+    FilePage user;
+    user.choose("Jamaica");
+    user.choose("Germany");
+    user.takeBack("Jamaica"); // lets the file be edited
+    user.edit(kingstonLine);
+    QCOMPARE(user.toAdd(), (QStringList{"MKJP - Kingston, , Jamaica", "Germany"}));
+    user.takeBack("Germany");
+    QCOMPARE(user.toAdd(), QStringList{"MKJP - Kingston, , Jamaica"});
+    QCOMPARE(user.available(), (QStringList{"Canada", "Germany", "Jamaica"}));
+}
+
+void TestAirportFile::shortLineThatWasDraggedOutTakesNoChoiceAlong()
+{
+    FilePage user("AB\r\n"); // too short for the hyphen that keeps an entry in its place
+    user.choose("Jamaica");
+    user.takeBack("AB - ");
+    user.chooseTextFile();
+    QCOMPARE(user.toAdd(), (QStringList{"AB - ", "Jamaica"}));
+    user.takeBack("Jamaica");
+    user.takeBack("AB - ");
+    user.chooseTextFile();
+    QCOMPARE(user.toAdd(), QStringList{"AB - "});
 }
 
 void TestAirportFile::deletingAllAirportsLeavesTheListEmpty()
