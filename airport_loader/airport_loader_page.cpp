@@ -110,6 +110,7 @@ void AirportLoaderPage::Tab1cmdReset_Click()
         list->clear();
     }
     m_existing = 0;
+    m_done = false;
     ui->Tab1List1->setEnabled(false);
     for (QWidget *control :
          std::initializer_list<QWidget *>{ui->Tab1cmdCreateFile, ui->Tab1cmdReset, ui->Tab1cmdEdit,
@@ -212,12 +213,20 @@ void AirportLoaderPage::showExistingCount()
 
 void AirportLoaderPage::takeFileForSet(const QString &path)
 {
+    forgetDone();
     m_state.AirportTextFile = path;
     ui->Tab1lblAirportTextFileName->setText(shortenedPath(path, setPathLimit));
     showDone(ui->Tab1lblAirportTextFileName);
     ui->Tab1cmdBrowse->setEnabled(false);
     ui->Tab1List1->setEnabled(true);
     ui->Tab1lblDragnDrop->show();
+}
+
+void AirportLoaderPage::forgetDone()
+{
+    if (m_done) {
+        Tab1cmdReset_Click();
+    }
 }
 
 void AirportLoaderPage::forgetFile(const QString &path)
@@ -239,6 +248,7 @@ void AirportLoaderPage::Tab1cmdBrowse_Click()
     if (m_state.ShowAddAirportHelp) {
         Q_EMIT reminderDue();
     }
+    forgetDone();
     m_state.AirportTextFile = m_services.dialogs.openFile(
         {.filter = u"Airport Text Files (*.txt)|airport*.txt|"_s, .startFolder = {}});
     m_services.errors.run(fileErrorTitle, [this](Step &step) {
@@ -294,6 +304,8 @@ void AirportLoaderPage::Tab1cmdCreateFile_Click()
     if (!m_services.errors.run(fileErrorTitle, [&](Step &step) { written = appendChosen(step); })) {
         return; // the choices stand, for another try
     }
+    m_done = true;
+    Q_EMIT airportsAdded(written ? m_state.AirportTextFile : QString());
     const MessageBox::Answer answer = m_services.dialogs.show(
         {.prompt =
              m_state.AirportTextFile + u" Created Successfully!\r\rDo you want to view the file?"_s,
@@ -301,8 +313,10 @@ void AirportLoaderPage::Tab1cmdCreateFile_Click()
          .buttons = MessageBox::Buttons::YesNo,
          .defaultButton = MessageBox::Answer::No});
     if (answer == MessageBox::Answer::Yes) {
+        ui->Tab1cmdCreateFile->setEnabled(false);
+        ui->Tab1List1->setEnabled(false);
         m_services.shell.Shellandwait(u"NOTEPAD.EXE "_s + m_state.AirportTextFile, 0, 1);
-        if (m_state.ended) {
+        if (m_state.ended || !m_done) { // or something else was begun meanwhile
             return;
         }
     }
@@ -310,7 +324,6 @@ void AirportLoaderPage::Tab1cmdCreateFile_Click()
     ui->lblT1Airport->setText(u"Airports to Add"_s);
     ui->Tab1Frame2->setEnabled(false);
     ui->Tab1cmdBrowse->setEnabled(true);
-    Q_EMIT airportsAdded(written);
     if (m_set.newAirportFlag) {
         ui->Tab1Command2->click();
     }

@@ -143,10 +143,11 @@ void FpSetPage::focusNameBox()
     focusIfShown(ui->tab2txtFltPlan);
 }
 
-void FpSetPage::continueWithAirports(bool any)
+void FpSetPage::continueWithAirports(const QString &path)
 {
     if (m_set.newAirportFlag) {
-        m_set.AddAirportsFlag = m_set.AddAirportsFlag || any;
+        const bool ours = path.compare(m_files.airportPath, Qt::CaseInsensitive) == 0;
+        m_set.AddAirportsFlag = m_set.AddAirportsFlag || ours;
         ui->tab2txtAirport->setText(m_files.airportFile);
     }
 }

@@ -167,6 +167,8 @@ private Q_SLOTS:
     void programQuittingWhileTheFileIsViewedResetsNothing();
     void setBeingFilledGetsControlBack();
     void pageTellsWhetherAirportsWereAdded();
+    void nothingIsAddedTwiceWhileTheFileIsViewed();
+    void whatIsBegunWhileTheFileIsViewedGoesOn();
     void missingMasterListIsReportedAndNothingWritten();
     void malformedLineIsReportedAndNothingWritten();
     void emptyMasterListWritesNothing();
@@ -713,25 +715,65 @@ void TestAirportFile::setBeingFilledGetsControlBack()
     QStringList told;
     connect(user.window.get(), &AirportLoaderPage::airportsAdded, this,
             [&] { told += "added, " + user.label("lblT1Airport"); });
-    connect(user.window.get(), &AirportLoaderPage::returnToSet, this, [&] { told += "return"; });
+    connect(user.window.get(), &AirportLoaderPage::returnToSet, this,
+            [&] { told += "return, " + user.label("lblT1Airport"); });
     const QSignalSpy quit(user.window.get(), &AirportLoaderPage::quitPressed);
     user.append({"Jamaica"});
-    QCOMPARE(told, (QStringList{"added, Airports to Add", "return"}));
+    // They count as soon as they are written, whatever comes before the page is left.
+    QCOMPARE(told, (QStringList{"added, Existing Airports: 2", "return, Airports to Add"}));
     QCOMPARE(quit.count(), 0);
 }
 
 void TestAirportFile::pageTellsWhetherAirportsWereAdded()
 {
     FilePage user;
-    QList<bool> told;
+    QStringList told;
     connect(user.window.get(), &AirportLoaderPage::airportsAdded, this,
-            [&](bool any) { told += any; });
+            [&](const QString &path) { told += path; });
     user.append({"Jamaica"});
-    QCOMPARE(told, QList<bool>{true});
+    QCOMPARE(told, QStringList{AirportLoaderDriver::textFile});
     user.chooseTextFile();
     user.find<QPushButton>("Tab1cmdCreateFile")->setEnabled(true);
     user.press("Tab1cmdCreateFile");
-    QCOMPARE(told, (QList<bool>{true, false}));
+    QCOMPARE(told, (QStringList{AirportLoaderDriver::textFile, ""}));
+}
+
+void TestAirportFile::nothingIsAddedTwiceWhileTheFileIsViewed()
+{
+    FilePage user;
+    user.outside.dialogs.answers = {MessageBox::Answer::Yes};
+    QStringList enabledThen;
+    user.outside.processes.whileRunning = [&] {
+        enabledThen = user.enabledOf({"Tab1cmdCreateFile", "Tab1List1", "Tab1Command2"});
+        user.find<QPushButton>("Tab1cmdCreateFile")->click();
+    };
+    user.append({"Jamaica"});
+    QCOMPARE(enabledThen, QStringList{"Tab1Command2"});
+    QCOMPARE(user.textFileBytes(), seattleLine + header + kingstonLine);
+    QCOMPARE(user.messages(), QStringList{created});
+}
+
+void TestAirportFile::whatIsBegunWhileTheFileIsViewedGoesOn()
+{
+    const QString other = "C:\\TTools\\Airport_Other.txt";
+    FilePage user;
+    user.sandbox.write(other, "");
+    user.outside.dialogs.answers = {MessageBox::Answer::Yes};
+    user.outside.processes.whileRunning = [&] {
+        user.chooseTextFile(other);
+        QCOMPARE(user.toAdd(), QStringList()); // what is written is chosen no more
+        user.choose("Germany");
+    };
+    const QSignalSpy back(user.window.get(), &AirportLoaderPage::returnToSet);
+    user.set.newAirportFlag = true;
+    user.append({"Jamaica"});
+    QVERIFY(user.showsTextFile(other));
+    QCOMPARE(user.toAdd(), QStringList{"Germany"});
+    QCOMPARE(back.count(), 0);
+    user.outside.processes.whileRunning = {};
+    user.press("Tab1cmdCreateFile");
+    QCOMPARE(user.sandbox.read(other), header + germanLines);
+    QCOMPARE(user.textFileBytes(), seattleLine + header + kingstonLine);
 }
 
 void TestAirportFile::missingMasterListIsReportedAndNothingWritten()

@@ -402,7 +402,7 @@ void TestCreatingSets::clearAfterASuccessfulCreationDeletesNothing()
     // Nor does one half way through a later set: a set was created, and that stands.
     user.verify("FlightPlans_Bravo");
     user.createAirports();
-    user.window->continueWithAirports(true);
+    user.window->continueWithAirports("C:\\TTools\\Airports_Bravo.txt");
     user.createAircraft();
     user.press("tab2cmdCancel");
     QVERIFY(user.sandbox.exists("C:\\TTools\\Aircraft_Bravo.txt"));
