@@ -87,7 +87,7 @@ private:
     void askForAirports();
     void askForAircraft(Step &step);
     void createFiles(Step &step);
-    void giveUpFiles();
+    QStringList giveUpFiles();
 
     void focusNameEnd();
     /// Names the step for the log and for error reports alike.
