@@ -15,6 +15,8 @@
 #include <QAction>
 #include <QScopeGuard>
 
+#include <utility>
+
 #include "ui_airport_loader_page.h"
 
 using namespace Qt::StringLiterals;
@@ -24,7 +26,7 @@ namespace
 
 constexpr QLatin1StringView filePrompt = "Please Select Airport Text file to Edit --->"_L1;
 constexpr QLatin1StringView applicationTitle = "Morlen Utilities"_L1;
-constexpr QLatin1StringView fileErrorTitle = "Airport Text File Error"_L1;
+constexpr QLatin1StringView fileErrorTitle = "Create File Error"_L1;
 constexpr qsizetype pathLimit = 50;    // characters of a path that are shown
 constexpr qsizetype setPathLimit = 60; // the same, of a new set's file
 
@@ -107,6 +109,8 @@ void AirportLoaderPage::Tab1cmdReset_Click()
          std::initializer_list<ListBox *>{ui->Tab1List2, ui->Tab1lstAICO, ui->Tab1lstCountry}) {
         list->clear();
     }
+    m_existing = 0;
+    m_done = false;
     ui->Tab1List1->setEnabled(false);
     for (QWidget *control :
          std::initializer_list<QWidget *>{ui->Tab1cmdCreateFile, ui->Tab1cmdReset, ui->Tab1cmdEdit,
@@ -170,6 +174,7 @@ void AirportLoaderPage::Tab1List1_DragDrop(const QString &text)
         return;
     }
     const int hidden = index + hiddenOffset();
+    m_existing -= index < m_existing ? 1 : 0; // a line too short to be told from a choice
     ui->Tab1List1->addItem(text);
     ui->Tab1List2->removeItem(index);
     ui->Tab1lstAICO->removeItem(hidden);
@@ -208,12 +213,20 @@ void AirportLoaderPage::showExistingCount()
 
 void AirportLoaderPage::takeFileForSet(const QString &path)
 {
+    forgetDone();
     m_state.AirportTextFile = path;
     ui->Tab1lblAirportTextFileName->setText(shortenedPath(path, setPathLimit));
     showDone(ui->Tab1lblAirportTextFileName);
     ui->Tab1cmdBrowse->setEnabled(false);
     ui->Tab1List1->setEnabled(true);
     ui->Tab1lblDragnDrop->show();
+}
+
+void AirportLoaderPage::forgetDone()
+{
+    if (m_done) {
+        Tab1cmdReset_Click();
+    }
 }
 
 void AirportLoaderPage::forgetFile(const QString &path)
@@ -235,6 +248,7 @@ void AirportLoaderPage::Tab1cmdBrowse_Click()
     if (m_state.ShowAddAirportHelp) {
         Q_EMIT reminderDue();
     }
+    forgetDone();
     m_state.AirportTextFile = m_services.dialogs.openFile(
         {.filter = u"Airport Text Files (*.txt)|airport*.txt|"_s, .startFolder = {}});
     m_services.errors.run(fileErrorTitle, [this](Step &step) {
@@ -260,12 +274,17 @@ void AirportLoaderPage::Tab1cmdBrowse_Click()
 
 void AirportLoaderPage::readTextFile()
 {
-    ui->Tab1List2->clear();
-    const QStringList items =
+    // The choices stay in sight, behind the file's entries.
+    const qsizetype chosen = ui->Tab1List2->count() - std::exchange(m_existing, 0);
+    ui->Tab1List2->setItems(ui->Tab1List2->items().last(chosen));
+    const QStringList entries =
         airport_text_file::existingItems(files::readAll(m_state.AirportTextFile));
-    ui->Tab1List2->setItems(items);
-    ui->Tab1lstAICO->setItems(ui->Tab1lstAICO->items() + items);
-    ui->Tab1lstCountry->setItems(ui->Tab1lstCountry->items() + items);
+    for (ListBox *list :
+         std::initializer_list<ListBox *>{ui->Tab1List2, ui->Tab1lstAICO, ui->Tab1lstCountry}) {
+        const QStringList items = list->items();
+        list->setItems(items.first(items.size() - chosen) + entries + items.last(chosen));
+    }
+    m_existing = entries.size();
 }
 
 void AirportLoaderPage::showMissingFileName()
@@ -285,6 +304,8 @@ void AirportLoaderPage::Tab1cmdCreateFile_Click()
     if (!m_services.errors.run(fileErrorTitle, [&](Step &step) { written = appendChosen(step); })) {
         return; // the choices stand, for another try
     }
+    m_done = true;
+    Q_EMIT airportsAdded(written ? m_state.AirportTextFile : QString());
     const MessageBox::Answer answer = m_services.dialogs.show(
         {.prompt =
              m_state.AirportTextFile + u" Created Successfully!\r\rDo you want to view the file?"_s,
@@ -292,8 +313,10 @@ void AirportLoaderPage::Tab1cmdCreateFile_Click()
          .buttons = MessageBox::Buttons::YesNo,
          .defaultButton = MessageBox::Answer::No});
     if (answer == MessageBox::Answer::Yes) {
+        ui->Tab1cmdCreateFile->setEnabled(false);
+        ui->Tab1List1->setEnabled(false);
         m_services.shell.Shellandwait(u"NOTEPAD.EXE "_s + m_state.AirportTextFile, 0, 1);
-        if (m_state.ended) {
+        if (m_state.ended || !m_done) { // or something else was begun meanwhile
             return;
         }
     }
@@ -301,7 +324,6 @@ void AirportLoaderPage::Tab1cmdCreateFile_Click()
     ui->lblT1Airport->setText(u"Airports to Add"_s);
     ui->Tab1Frame2->setEnabled(false);
     ui->Tab1cmdBrowse->setEnabled(true);
-    Q_EMIT airportsAdded(written);
     if (m_set.newAirportFlag) {
         ui->Tab1Command2->click();
     }
@@ -388,7 +410,7 @@ void AirportLoaderPage::Tab1cmdEdit_Click()
     if (answer != MessageBox::Answer::Yes) {
         return;
     }
-    m_services.errors.run(fileErrorTitle, [this](Step &step) {
+    m_services.errors.run(u"Edit Airport Error"_s, [this](Step &step) {
         step.set(u"Edit "_s + m_state.AirportTextFile);
         m_services.log.write(u"Edit Aircraft Listing Edit "_s + m_state.AirportTextFile);
         m_services.shell.Shellandwait(u"NOTEPAD.EXE "_s + m_state.AirportTextFile, 0, 1);

@@ -49,8 +49,8 @@ Q_SIGNALS:
     void countryLineRead(int number);
     /// Quit was pressed while airports are chosen for a flight plan set.
     void returnToSet();
-    /// Airports were appended to the file, if there were any.
-    void airportsAdded(bool any);
+    /// Airports were appended to this file; empty when there were none to append.
+    void airportsAdded(const QString &path);
 
 private:
     // Handlers. The names are the product's.
@@ -69,6 +69,9 @@ private:
     void showMissingFileName();
     void readTextFile();
     void showExistingCount();
+    /// Forgets choices that are written already, when something else is begun while the file is
+    /// still viewed.
+    void forgetDone();
     /// How many hidden entries are older than the visible list: they stand before its own.
     int hiddenOffset() const;
     /// Appends the airports of all new choices. Returns whether there were any.
@@ -80,4 +83,6 @@ private:
     const SetInProgress &m_set;
     std::unique_ptr<Ui::AirportLoaderPage> ui;
     AirportBrowser m_browser;
+    qsizetype m_existing = 0; ///< how many entries of "Airports to Add" are the file's: the first
+    bool m_done = false;      ///< the choices are written, and stand until the page is reset
 };

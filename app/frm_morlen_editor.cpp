@@ -147,6 +147,7 @@ void frmMorlenEditor::showReminder()
 
 void frmMorlenEditor::takeDirectory(const QString &directory)
 {
+    m_session.directoryChosen();
     m_services.errors.run(u"Directory Select Error"_s, [&](Step &step) {
         step.set(u"Set path to "_s + directory);
         openAircraftDir(directory);
@@ -169,51 +170,43 @@ void frmMorlenEditor::Form_Load()
     });
     connect(m_airportLoader, &AirportLoaderPage::countryLineRead, &splash, &frmSplash::setProgress);
     m_services.aircraftFolders.remember(); // pages 3 and 0 list the same, one after the other
-    m_services.errors.run(u"Form Load Error"_s, [&](Step &step) { startUp(splash, step); });
+    startUp(splash);
     m_services.aircraftFolders.forget();
-    // Whatever failed, the window comes up and can be used.
-    show();
-    ui->SSTab1->show();
 }
 
-void frmMorlenEditor::startUp(frmSplash &splash, Step &step)
+template <typename Body>
+bool frmMorlenEditor::take(const QString &what, Body body)
+{
+    return m_services.errors.run(u"Form Load Error"_s, [&](Step &step) {
+        step.set(what);
+        body();
+    });
+}
+
+void frmMorlenEditor::startUp(frmSplash &splash)
 {
     FormState &state = m_services.state;
     state.osVersion = clsOS(systemVersion()).text();
     splash.showPainted();
     setWindowTitle(u"Morlen Utilities - Version "_s + programVersion());
     findProgramFolder();
-    step.set(u"CheckRegistry 1"_s);
-    CheckRegistry();
-    step.set(u"FindFSPath 1"_s);
-    FindFSPath();
+    take(u"CheckRegistry 1"_s, [this] { CheckRegistry(); });
+    take(u"FindFSPath 1"_s, [this] { FindFSPath(); });
     state.CommandLine = QCoreApplication::arguments().sliced(1).join(u' ');
     m_airportLoader->LoadCountry();
     m_fpSet->prepare();
-    step.set(u"Opening "_s + m_services.log.path());
-    m_services.log.reset();
+    m_canWrite = take(u"Opening "_s + m_services.log.path(), [this] { m_services.log.reset(); });
     m_services.log.write(u"Reading "_s + settingsPath());
     m_configEditor->showVarlo();
-
-    step.set(u"Opening "_s + settingsPath());
-    const std::optional<Settings> settings = m_session.read();
-    if (settings) {
-        restore(*settings, step);
-    } else {
-        step.set(u"Finding FSPath"_s);
-        FindFSPath();
-    }
+    const QString lastTab = readSession();
     m_fpSet->enableNaming();
-    step.set(u"CheckRegistry"_s);
-    CheckRegistry();
+    take(u"CheckRegistry"_s, [this] { CheckRegistry(); });
     m_configEditor->showFirstAircraft();
     show();
     Repaint::now();
     splash.close();
     ui->SSTab1->show();
-    const QString lastTab = settings ? settings->lastTab : QString();
-    step.set(u"Selecting page "_s + lastTab);
-    selectPage(lastTab);
+    take(u"Selecting page "_s + lastTab, [&] { selectPage(lastTab); });
 }
 
 void frmMorlenEditor::findProgramFolder()
@@ -224,17 +217,46 @@ void frmMorlenEditor::findProgramFolder()
                                       : paths::currentDirectory() + u'\\';
 }
 
-void frmMorlenEditor::restore(const Settings &settings, Step &step)
+/// Restores what the run before saved, and returns its last page.
+QString frmMorlenEditor::readSession()
+{
+    std::optional<Settings> settings;
+    bool restoredAll = take(u"Opening "_s + settingsPath(), [&] {
+        settings = m_session.read();
+        if (m_canWrite) {
+            m_session.create();
+        }
+    });
+    if (settings) {
+        restoredAll = restore(*settings) && restoredAll;
+    } else if (restoredAll) {
+        take(u"Finding FSPath"_s, [this] { FindFSPath(); });
+    }
+    m_session.begin(m_configEditor->drive(), restoredAll);
+    return settings ? settings->lastTab : QString();
+}
+
+/// Returns whether all could be restored.
+bool frmMorlenEditor::restore(const Settings &settings)
 {
     m_services.state.strTToolsPath = settings.tToolsPath;
-    if (!settings.drive.isEmpty()) {
-        step.set(u"Setting drive to: "_s + settings.drive);
-        m_configEditor->setDrive(settings.drive);
-    }
     m_session.restore(settings);
     m_fpSet->showTTools(settings.tToolsPath);
-    restoreDirectory(settings.aircraftDir);
-    m_aircraftLoader->restoreTextFile(settings.aircraftTextFile);
+    const QString &drive = settings.drive;
+    const bool hasDrive = drive.isEmpty() || take(u"Setting drive to: "_s + drive,
+                                                  [&] { m_configEditor->setDrive(drive); });
+    const auto isThere = [&](const QString &path) {
+        return hasDrive || !path.startsWith(drive, Qt::CaseInsensitive);
+    };
+    const bool hasDirectory =
+        isThere(settings.aircraftDir) && take(u"Setting FS path to: "_s + settings.aircraftDir,
+                                              [&] { restoreDirectory(settings.aircraftDir); });
+    const bool hasTextFile = hasDirectory && isThere(settings.aircraftTextFile);
+    if (hasTextFile) {
+        m_aircraftLoader->restoreTextFile(settings.aircraftTextFile);
+    }
+    m_configEditor->showDrive(drive); // the directory may lie on another one
+    return hasDrive && hasTextFile;
 }
 
 void frmMorlenEditor::restoreDirectory(const QString &directory)
@@ -242,8 +264,6 @@ void frmMorlenEditor::restoreDirectory(const QString &directory)
     if (!fs_location::namesAircraftFolder(directory)) {
         return;
     }
-    Step step(m_services.state.ErrMsg);
-    step.set(u"Setting FS path to: "_s + directory);
     m_configEditor->showDirectory(directory);
     if (fs_location::endsInAircraftFolder(m_configEditor->directory())) {
         openAircraftDir(directory);
@@ -338,11 +358,14 @@ void frmMorlenEditor::SaveSettings()
                                  .title = u"Confirm Exit"_s,
                                  .buttons = MessageBox::Buttons::YesNo,
                                  .defaultButton = MessageBox::Answer::No});
-    if (answer == MessageBox::Answer::Yes &&
-        m_services.errors.run(u"Save Setting Error"_s, [this](Step &step) {
-            step.set(u"Open "_s + settingsPath());
-            m_session.save(m_configEditor->drive());
-        })) {
+    if (answer != MessageBox::Answer::Yes) {
+        return;
+    }
+    const bool saved = m_services.errors.run(u"Save Setting Error"_s, [this](Step &step) {
+        step.set(u"Open "_s + settingsPath());
+        m_session.save(m_configEditor->drive());
+    });
+    if (saved || !m_canWrite) { // then another try could do no better
         end();
     }
 }

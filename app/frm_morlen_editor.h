@@ -31,7 +31,7 @@ public:
     explicit frmMorlenEditor(const Outside &outside);
     ~frmMorlenEditor() override;
 
-    /// The start-up sequence. Ends with the window shown, even when a step failed.
+    /// The start-up sequence. Ends with the window shown, whatever step failed.
     void Form_Load();
 
     FormState &state();
@@ -85,10 +85,13 @@ private:
     void takeDirectory(const QString &directory);
     void openAircraftDir(const QString &directory);
 
-    // The steps of the start-up.
-    void startUp(frmSplash &splash, Step &step);
+    // The steps of the start-up. One that fails is told, and those that do not need it are taken.
+    template <typename Body>
+    bool take(const QString &what, Body body);
+    void startUp(frmSplash &splash);
     void findProgramFolder();
-    void restore(const Settings &settings, Step &step);
+    QString readSession();
+    bool restore(const Settings &settings);
     void restoreDirectory(const QString &directory);
     void selectPage(const QString &lastTab);
 
@@ -110,5 +113,6 @@ private:
     AirportLoaderPage *m_airportLoader = nullptr;
     FpSetPage *m_fpSet = nullptr;
     ConfigEditorPage *m_configEditor = nullptr;
-    int m_page = 0; ///< the page shown
+    int m_page = 0;         ///< the page shown
+    bool m_canWrite = true; ///< the program folder, as the start-up found
 };

@@ -27,14 +27,12 @@ QString boolText(bool value)
 
 } // namespace
 
-Settings settings_file::parse(const QByteArray &bytes)
+void settings_file::parse(const QByteArray &bytes, Settings &settings)
 {
     SequentialInput input(code_page::decodeMarked(bytes));
-    Settings settings;
     for (const auto line : lines) {
         settings.*line = input.next();
     }
-    return settings;
 }
 
 QByteArray settings_file::compose(const Settings &settings)
@@ -51,13 +49,19 @@ QString Session::path() const
     return m_state.MorlenEDir + u"\\MorlenE.ini"_s;
 }
 
-std::optional<Settings> Session::read() const
+void Session::create() const
+{
+    files::openForAppend(path());
+}
+
+std::optional<Settings> Session::read()
 {
     constexpr qint64 shortestLength = 11;
-    if (files::openForAppend(path()) < shortestLength) {
+    if (!files::exists(path()) || files::length(path()) < shortestLength) {
         return std::nullopt;
     }
-    return settings_file::parse(files::readAll(path()));
+    settings_file::parse(files::readAll(path()), m_notRestored);
+    return m_notRestored;
 }
 
 void Session::restore(const Settings &settings)
@@ -69,11 +73,29 @@ void Session::restore(const Settings &settings)
     log(settings);
 }
 
+void Session::begin(const QString &drive, bool restoredAll)
+{
+    m_atBegin = current(drive);
+    const bool shifted = m_notRestored.drive.size() > 2; // by a comma in a path, or no settings
+    if (restoredAll || shifted) {
+        m_notRestored = {};
+    }
+}
+
+Settings Session::current(const QString &drive) const
+{
+    return {m_state.LastTab,     m_state.strTToolsPath,   drive,
+            m_state.AirCraftDir, m_state.AircraftTextDir, boolText(m_state.ShowAddAirportHelp)};
+}
+
 void Session::save(const QString &drive)
 {
-    const Settings settings = {
-        m_state.LastTab,     m_state.strTToolsPath,   drive,
-        m_state.AirCraftDir, m_state.AircraftTextDir, boolText(m_state.ShowAddAirportHelp)};
+    Settings settings = current(drive);
+    for (const auto line : lines) {
+        if (settings.*line == m_atBegin.*line && !(m_notRestored.*line).isEmpty()) {
+            settings.*line = m_notRestored.*line;
+        }
+    }
     m_log.write(TraceLog::cut(u"***Program Terminated by User***"_s));
     m_log.write(u"Opening "_s + path());
     log(settings);

@@ -22,8 +22,9 @@ namespace settings_file
 {
 
 /// Reads six values by the sequential-input rule: a comma ends a value as a line end does.
-/// Throws RuntimeError: Input past end of file (62) when there are fewer.
-Settings parse(const QByteArray &bytes);
+/// Throws RuntimeError: Input past end of file (62) when there are fewer; those that are there are
+/// taken all the same.
+void parse(const QByteArray &bytes, Settings &settings);
 
 /// The six lines, each ending in CR LF, in the code page (see code_page::encode).
 QByteArray compose(const Settings &settings);
@@ -38,19 +39,32 @@ public:
 
     QString path() const; ///< of the file, in the program folder
 
-    /// What the run before saved. Nothing at a first run: the file is made, or shorter than 11
-    /// bytes. Throws RuntimeError.
-    std::optional<Settings> read() const;
+    /// Makes sure that the file exists. Throws RuntimeError.
+    void create() const;
+
+    /// What the run before saved. Nothing at a first run: no file, or one shorter than 11 bytes.
+    /// Throws RuntimeError.
+    std::optional<Settings> read();
 
     /// Takes over what no control shows.
     void restore(const Settings &settings);
+
+    /// The start-up is over, page 3 on a drive. What was read but could not be restored is saved as
+    /// it was, unless the user chooses anew.
+    void begin(const QString &drive, bool restoredAll);
+
+    /// The user chose the aircraft directory, be it the one that stood there.
+    void directoryChosen() { m_notRestored.aircraftDir.clear(); }
 
     /// Saves how the program is left, page 3 on a drive. Throws RuntimeError.
     void save(const QString &drive);
 
 private:
+    Settings current(const QString &drive) const;
     void log(const Settings &settings);
 
     FormState &m_state;
     TraceLog &m_log;
+    Settings m_notRestored; ///< as read; empty lines are not missed
+    Settings m_atBegin;     ///< what would have been saved then
 };

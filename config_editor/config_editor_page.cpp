@@ -66,6 +66,11 @@ void ConfigEditorPage::setDrive(const QString &drive)
     }
 }
 
+void ConfigEditorPage::showDrive(const QString &drive)
+{
+    ui->Tab3Drive1->showDrive(drive);
+}
+
 void ConfigEditorPage::showDirectory(const QString &directory)
 {
     const bool other = ui->Tab3Dir1->setPath(directory);

@@ -34,6 +34,9 @@ public:
     /// Throws RuntimeError: Device unavailable (68).
     void setDrive(const QString &drive);
 
+    /// Shows a drive, if it is there; the folder picker stays where it is.
+    void showDrive(const QString &drive);
+
     /// Points the folder picker at a directory, the drive list with it. When it stood elsewhere the
     /// aircraft are listed, the first one selected. Throws RuntimeError: Path not found (76),
     /// Path/File access error (75).

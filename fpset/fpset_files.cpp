@@ -50,16 +50,17 @@ void copy(const QString &source, const QString &target, Step &step)
     files::writeAll(target, bytes);
 }
 
-bool discard(const QString &path, Step &step)
+Discarded discard(const QString &path, Step &step)
 {
     if (!files::exists(path) || files::isFolder(path)) {
-        return false;
+        return Discarded::WasNotThere;
     }
-    if (!files::moveToTrash(path)) {
-        keepContent(path, step);
-        files::remove(path);
+    if (files::moveToTrash(path)) {
+        return Discarded::Trashed;
     }
-    return true;
+    keepContent(path, step);
+    files::remove(path);
+    return Discarded::Deleted;
 }
 
 } // namespace fpset_files

@@ -20,8 +20,10 @@ void createEmpty(const QString &path, Step &step);
 /// the source is the target itself.
 void copy(const QString &source, const QString &target, Step &step);
 
+enum class Discarded { WasNotThere, Trashed, Deleted };
+
 /// Moves a file to the desktop's trash. Where there is none, its content is backed up and the file
-/// deleted. Returns whether there was a file.
-bool discard(const QString &path, Step &step);
+/// deleted.
+Discarded discard(const QString &path, Step &step);
 
 } // namespace fpset_files

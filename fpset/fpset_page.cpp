@@ -143,10 +143,11 @@ void FpSetPage::focusNameBox()
     focusIfShown(ui->tab2txtFltPlan);
 }
 
-void FpSetPage::continueWithAirports(bool any)
+void FpSetPage::continueWithAirports(const QString &path)
 {
     if (m_set.newAirportFlag) {
-        m_set.AddAirportsFlag = m_set.AddAirportsFlag || any;
+        const bool ours = path.compare(m_files.airportPath, Qt::CaseInsensitive) == 0;
+        m_set.AddAirportsFlag = m_set.AddAirportsFlag || ours;
         ui->tab2txtAirport->setText(m_files.airportFile);
     }
 }
@@ -397,7 +398,7 @@ void FpSetPage::createFiles(Step &step)
 
 void FpSetPage::tab2cmdCancel_Click()
 {
-    giveUpFiles();
+    const QStringList trashed = giveUpFiles();
     // Once aircraft were written, or a set was created, that stands.
     m_set = {.AddAircraftFlag = m_set.AddAircraftFlag};
     ui->tab2txtAirport->clear();
@@ -420,17 +421,28 @@ void FpSetPage::tab2cmdCancel_Click()
     focusNameEnd();
     setEnabledAll(true, {ui->tab2TToolsDir, ui->tab2cmdFindTTools});
     ui->tab2cmdQuit->setText(u"Quit"_s);
+    if (!trashed.isEmpty()) {
+        m_services.dialogs.show({.prompt = u"Moved to the trash:\r\r"_s + trashed.join(u'\r'),
+                                 .title = u"Clear"_s,
+                                 .icon = MessageBox::Icon::Information});
+    }
 }
 
-void FpSetPage::giveUpFiles()
+/// Returns the files that went to the trash.
+QStringList FpSetPage::giveUpFiles()
 {
-    const auto discard = [this](const QString &path) {
-        bool wasThere = false;
+    using fpset_files::Discarded;
+    QStringList trashed;
+    const auto discard = [&](const QString &path) {
+        Discarded done = Discarded::WasNotThere;
         m_services.errors.run(u"Delete File Error"_s, [&](Step &step) {
             step.set(u"Delete "_s + path);
-            wasThere = fpset_files::discard(path, step);
+            done = fpset_files::discard(path, step);
         });
-        return wasThere;
+        if (done == Discarded::Trashed) {
+            trashed += path;
+        }
+        return done != Discarded::WasNotThere;
     };
     if (!m_setCreated && m_set.AddAirportsFlag) {
         discard(m_files.airportPath); // page 1 may have gone on to another file
@@ -441,6 +453,7 @@ void FpSetPage::giveUpFiles()
     if (!m_setCreated && m_set.AddAircraftFlag && m_newAircraft && discard(m_files.aircraftPath)) {
         Q_EMIT fileGivenUp(m_files.aircraftPath);
     }
+    return trashed;
 }
 
 void FpSetPage::tab2cmdQuit_Click()

@@ -39,8 +39,8 @@ public:
     /// The name box, when it can be used.
     void focusNameBox();
 
-    /// Airports were appended to page 1's file, if there were any; the set may be one that waits.
-    void continueWithAirports(bool any);
+    /// Airports were appended to this file by page 1, or to none; the set may be one that waits.
+    void continueWithAirports(const QString &path);
 
     /// Aircraft were added on page 0; a set that waits for them goes on.
     void continueWithAircraft();
@@ -87,7 +87,7 @@ private:
     void askForAirports();
     void askForAircraft(Step &step);
     void createFiles(Step &step);
-    void giveUpFiles();
+    QStringList giveUpFiles();
 
     void focusNameEnd();
     /// Names the step for the log and for error reports alike.

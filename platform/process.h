@@ -30,10 +30,10 @@ public:
     /// shell sees it. A program path may hold blanks: the whole line is taken when it names a
     /// program, else the shortest leading part that does, or what stands between leading double
     /// quotes. A program is looked for as given, in the system directory, the Windows directory (in
-    /// both also with ".exe"), then on the PATH; never in the current directory. `windowStyle` is
-    /// the show-window value (1: a normal window), a hint. Returns the program, or nothing when it
-    /// was started but cannot be watched. Throws RuntimeError: File not found (53), Path/File
-    /// access error (75).
+    /// both also with ".exe"), then on the PATH; never in the current directory. It works in the
+    /// folder of the file that it is handed, else in its own. `windowStyle` is the show-window
+    /// value (1: a normal window), a hint. Returns the program, or nothing when it was started but
+    /// cannot be watched. Throws RuntimeError: File not found (53), Path/File access error (75).
     virtual std::unique_ptr<Process> start(const QString &commandLine, int windowStyle) = 0;
 
     /// Opens a document (Windows path) with the program it belongs to, as a double-click would.

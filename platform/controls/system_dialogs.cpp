@@ -8,6 +8,7 @@
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QScopeGuard>
+#include <QSettings>
 #include <QUrl>
 
 using namespace Qt::StringLiterals;
@@ -85,6 +86,9 @@ MessageBox::Answer SystemDialogs::show(const MessageBox &box)
 
 QString SystemDialogs::openFile(const OpenFileDialog &dialog)
 {
+    // Where it was and its side bar the dialog keeps for all programs of the toolkit, in the user's
+    // home. Ours are no business of others: its store is nowhere.
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, u"/dev/null"_s);
     QFileDialog window(m_parent);
     // Desktop dialogs match patterns by case on some systems; file names here are blind to it.
     window.setOption(QFileDialog::DontUseNativeDialog);

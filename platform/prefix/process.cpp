@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/process.h"
 
+#include "platform/files.h"
 #include "platform/paths.h"
 #include "platform/prefix/host_command.h"
 #include "platform/runtime_error.h"
@@ -8,6 +9,7 @@
 #include <QFileInfo>
 #include <QProcess>
 
+#include <algorithm>
 #include <csignal>
 #include <utility>
 
@@ -47,6 +49,21 @@ private:
     QProcess *m_process;
 };
 
+/// The folder of the file that a program is handed, else the program's own.
+QString workingFolder(const HostCommand &command)
+{
+    QStringList words = QStringList(command.program) + command.arguments;
+    for (; !words.isEmpty(); words.removeLast()) {
+        const QString &file = words.last(); // of the host, or a Windows path handed to wine
+        const QString folder =
+            file.left(std::max({file.lastIndexOf(u'/'), file.lastIndexOf(u'\\'), qsizetype{0}}));
+        if ((folder.startsWith(u'/') || folder.mid(1, 1) == u":") && files::isFolder(folder)) {
+            return paths::toHost(folder);
+        }
+    }
+    return {};
+}
+
 } // namespace
 
 SystemProcesses::SystemProcesses(QList<Substitute> substitutes)
@@ -61,6 +78,7 @@ std::unique_ptr<Process> SystemProcesses::start(const QString &commandLine, int 
     process->setProcessChannelMode(QProcess::ForwardedChannels);
     process->setInputChannelMode(QProcess::ForwardedInputChannel);
     process->setChildProcessModifier([] { std::signal(SIGXFSZ, SIG_DFL); }); // see prepareHost
+    process->setWorkingDirectory(workingFolder(command));
     process->start(command.program, command.arguments);
     if (!process->waitForStarted()) {
         throw RuntimeError(ErrorNumber::PathFileAccess);

@@ -31,7 +31,8 @@ const QString existingChoice = seattle + '/' + seattle;
 const QString created =
     QStringLiteral("None, AI Aircraft Loader: C:\\TTools\\Airport_Set.txt Created "
                    "Successfully!\r\rDo you want to view the file?");
-const QString openFailed = QStringLiteral("Exclamation, Airport Text File Error: Error  ");
+const QString openFailed = QStringLiteral("Exclamation, Create File Error: Error  ");
+const QString editFailed = QStringLiteral("Exclamation, Edit Airport Error: Error  ");
 const QString openStep = QStringLiteral("\rOpen C:\\TTools\\Airport_Set.txt");
 const QString caution = QStringLiteral(
     "None, Airport Edit Caution: CAUTION!\r\rThese Airports may be used in existing FlightPlans.  "
@@ -143,7 +144,7 @@ private Q_SLOTS:
     void linesShorterThan43CharactersGiveACodeWithNothingBehind();
     void entryOfMoreThan35CharactersReadsBackShifted();
     void pathOf50CharactersIsShownWholeOf51Shortened();
-    void choosingAgainBeginsTheVisibleListAnewAndExtendsTheHidden();
+    void choosingAgainListsTheFileBeforeTheChoices();
     void cancelledDialogLeavesNoFileChosen();
     void fileThatCannotBeReadIsReported_data();
     void fileThatCannotBeReadIsReported();
@@ -180,6 +181,8 @@ private Q_SLOTS:
     void programQuittingWhileTheFileIsViewedResetsNothing();
     void setBeingFilledGetsControlBack();
     void pageTellsWhetherAirportsWereAdded();
+    void nothingIsAddedTwiceWhileTheFileIsViewed();
+    void whatIsBegunWhileTheFileIsViewedGoesOn();
     void missingMasterListIsReportedAndNothingWritten();
     void malformedLineIsReportedAndNothingWritten();
     void emptyMasterListWritesNothing();
@@ -201,6 +204,8 @@ private Q_SLOTS:
     void editLeavesTheHeadingAlone();
     void editGivesTheFocusToQuit();
     void reloadedAirportsAreAddedToTheHiddenLists();
+    void editLeavesTheChoicesThatAreNotTakenBack();
+    void shortLineThatWasDraggedOutTakesNoChoiceAlong();
     void deletingAllAirportsLeavesTheListEmpty();
     void shortLineAddedByHandIsListedAsItsCode();
     void fileDeletedWhileEditingIsReported();
@@ -321,14 +326,27 @@ void TestAirportFile::pathOf50CharactersIsShownWholeOf51Shortened()
     QVERIFY(user.showsTextFile("..." + pathOfLength(51).sliced(1)));
 }
 
-void TestAirportFile::choosingAgainBeginsTheVisibleListAnewAndExtendsTheHidden()
+void TestAirportFile::choosingAgainListsTheFileBeforeTheChoices()
 {
     FilePage user;
-    user.choose("Germany");
+    user.descend("Germany");
+    user.press("Tab1optICAO"); // whose entries look like the file's
+    user.choose("EDDH - Hamburg Airport, Hamburg");
+    user.press("Tab1cmdPrevious");
+    user.choose("Jamaica");
+    const QStringList chosen = {"EDDH - Hamburg Airport, Hamburg", "Jamaica"};
+    user.writeTextFile(kingstonLine + seattleLine);
     user.chooseTextFile();
-    QCOMPARE(user.toAdd(), QStringList{seattle});
-    QCOMPARE(user.choices(), (QStringList{existingChoice, "Germany/Germany", existingChoice}));
-    QCOMPARE(user.label("lblT1Airport"), QString("Existing Airports: 1"));
+    QCOMPARE(user.toAdd(), QStringList({"MKJP - Kingston, , Jamaica", seattle}) + chosen);
+    QCOMPARE(user.choices().mid(3), (QStringList{"EDDH/Germany", "Jamaica/Jamaica"}));
+    QCOMPARE(user.label("lblT1Airport"), QString("Existing Airports: 4"));
+    user.chooseTextFile("C:\\TTools\\Airport_Gone.txt");
+    QCOMPARE(user.toAdd(), chosen);
+    user.chooseTextFile();
+    QCOMPARE(user.toAdd(), QStringList({"MKJP - Kingston, , Jamaica", seattle}) + chosen);
+    user.press("Tab1cmdCreateFile");
+    QCOMPARE(user.textFileBytes(),
+             kingstonLine + seattleLine + header + hamburgLine + kingstonLine);
 }
 
 void TestAirportFile::cancelledDialogLeavesNoFileChosen()
@@ -712,25 +730,65 @@ void TestAirportFile::setBeingFilledGetsControlBack()
     QStringList told;
     connect(user.window.get(), &AirportLoaderPage::airportsAdded, this,
             [&] { told += "added, " + user.label("lblT1Airport"); });
-    connect(user.window.get(), &AirportLoaderPage::returnToSet, this, [&] { told += "return"; });
+    connect(user.window.get(), &AirportLoaderPage::returnToSet, this,
+            [&] { told += "return, " + user.label("lblT1Airport"); });
     const QSignalSpy quit(user.window.get(), &AirportLoaderPage::quitPressed);
     user.append({"Jamaica"});
-    QCOMPARE(told, (QStringList{"added, Airports to Add", "return"}));
+    // They count as soon as they are written, whatever comes before the page is left.
+    QCOMPARE(told, (QStringList{"added, Existing Airports: 2", "return, Airports to Add"}));
     QCOMPARE(quit.count(), 0);
 }
 
 void TestAirportFile::pageTellsWhetherAirportsWereAdded()
 {
     FilePage user;
-    QList<bool> told;
+    QStringList told;
     connect(user.window.get(), &AirportLoaderPage::airportsAdded, this,
-            [&](bool any) { told += any; });
+            [&](const QString &path) { told += path; });
     user.append({"Jamaica"});
-    QCOMPARE(told, QList<bool>{true});
+    QCOMPARE(told, QStringList{AirportLoaderDriver::textFile});
     user.chooseTextFile();
     user.find<QPushButton>("Tab1cmdCreateFile")->setEnabled(true);
     user.press("Tab1cmdCreateFile");
-    QCOMPARE(told, (QList<bool>{true, false}));
+    QCOMPARE(told, (QStringList{AirportLoaderDriver::textFile, ""}));
+}
+
+void TestAirportFile::nothingIsAddedTwiceWhileTheFileIsViewed()
+{
+    FilePage user;
+    user.outside.dialogs.answers = {MessageBox::Answer::Yes};
+    QStringList enabledThen;
+    user.outside.processes.whileRunning = [&] {
+        enabledThen = user.enabledOf({"Tab1cmdCreateFile", "Tab1List1", "Tab1Command2"});
+        user.find<QPushButton>("Tab1cmdCreateFile")->click();
+    };
+    user.append({"Jamaica"});
+    QCOMPARE(enabledThen, QStringList{"Tab1Command2"});
+    QCOMPARE(user.textFileBytes(), seattleLine + header + kingstonLine);
+    QCOMPARE(user.messages(), QStringList{created});
+}
+
+void TestAirportFile::whatIsBegunWhileTheFileIsViewedGoesOn()
+{
+    const QString other = "C:\\TTools\\Airport_Other.txt";
+    FilePage user;
+    user.sandbox.write(other, "");
+    user.outside.dialogs.answers = {MessageBox::Answer::Yes};
+    user.outside.processes.whileRunning = [&] {
+        user.chooseTextFile(other);
+        QCOMPARE(user.toAdd(), QStringList()); // what is written is chosen no more
+        user.choose("Germany");
+    };
+    const QSignalSpy back(user.window.get(), &AirportLoaderPage::returnToSet);
+    user.set.newAirportFlag = true;
+    user.append({"Jamaica"});
+    QVERIFY(user.showsTextFile(other));
+    QCOMPARE(user.toAdd(), QStringList{"Germany"});
+    QCOMPARE(back.count(), 0);
+    user.outside.processes.whileRunning = {};
+    user.press("Tab1cmdCreateFile");
+    QCOMPARE(user.sandbox.read(other), header + germanLines);
+    QCOMPARE(user.textFileBytes(), seattleLine + header + kingstonLine);
 }
 
 void TestAirportFile::missingMasterListIsReportedAndNothingWritten()
@@ -934,6 +992,32 @@ void TestAirportFile::reloadedAirportsAreAddedToTheHiddenLists()
     QCOMPARE(user.textFileBytes(), seattleLine + header + kingstonLine);
 }
 
+void TestAirportFile::editLeavesTheChoicesThatAreNotTakenBack()
+{
+    FilePage user;
+    user.choose("Jamaica");
+    user.choose("Germany");
+    user.takeBack("Jamaica"); // lets the file be edited
+    user.edit(kingstonLine);
+    QCOMPARE(user.toAdd(), (QStringList{"MKJP - Kingston, , Jamaica", "Germany"}));
+    user.takeBack("Germany");
+    QCOMPARE(user.toAdd(), QStringList{"MKJP - Kingston, , Jamaica"});
+    QCOMPARE(user.available(), (QStringList{"Canada", "Germany", "Jamaica"}));
+}
+
+void TestAirportFile::shortLineThatWasDraggedOutTakesNoChoiceAlong()
+{
+    FilePage user("AB\r\n"); // too short for the hyphen that keeps an entry in its place
+    user.choose("Jamaica");
+    user.takeBack("AB - ");
+    user.chooseTextFile();
+    QCOMPARE(user.toAdd(), (QStringList{"AB - ", "Jamaica"}));
+    user.takeBack("Jamaica");
+    user.takeBack("AB - ");
+    user.chooseTextFile();
+    QCOMPARE(user.toAdd(), QStringList{"AB - "});
+}
+
 void TestAirportFile::deletingAllAirportsLeavesTheListEmpty()
 {
     FilePage user;
@@ -956,7 +1040,7 @@ void TestAirportFile::fileDeletedWhileEditingIsReported()
     user.outside.dialogs.answers = {MessageBox::Answer::Yes};
     user.outside.processes.whileRunning = [&] { user.removeTextFile(); };
     user.press("Tab1cmdEdit");
-    QCOMPARE(user.messages(), (QStringList{caution, openFailed + "53 File not found" + openStep}));
+    QCOMPARE(user.messages(), (QStringList{caution, editFailed + "53 File not found" + openStep}));
     QCOMPARE(user.traced().last(),
              QString("Error  53 File not found - Open C:\\TTools\\Airport_Set.txt"));
     QCOMPARE(user.toAdd(), QStringList());

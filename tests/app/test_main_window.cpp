@@ -76,6 +76,7 @@ private Q_SLOTS:
     void readOnlySettingsAreReportedAndKept();
     void fullDiskIsReportedAndKeepsTheOldSettings();
     void traceLogThatCannotBeWrittenIsReported();
+    void traceThatCannotBeEndedIsReportedAndOver();
     void lostLogDoesNotKeepTheUserFromQuitting();
     void lostLogLeavesPage3ItsAircraft();
     void lostLogDoesNotKeepAirportsFromBeingAdded();
@@ -390,7 +391,19 @@ void TestMainWindow::traceLogThatCannotBeWrittenIsReported()
     QCOMPARE(program.outside.dialogs.boxes[0].title, QString("Trace Log Error"));
     QCOMPARE(program.outside.dialogs.boxes[0].prompt,
              QString("Error  75 Path/File access error\rOpening C:\\Morlen\\\\TraceLog.txt"));
-    QCOMPARE(program.find<QAction>("mnuTrace")->isChecked(), program.window->state().TraceOn);
+    QVERIFY(!program.window->state().TraceOn);
+    QVERIFY(!program.find<QAction>("mnuTrace")->isChecked());
+}
+
+void TestMainWindow::traceThatCannotBeEndedIsReportedAndOver()
+{
+    Program program;
+    program.start();
+    loseLog(program);
+    program.find<QAction>("mnuTrace")->trigger();
+    QVERIFY(isLossTold(program));
+    program.find<QTabWidget>("SSTab1")->setCurrentIndex(1); // and no word of it
+    QCOMPARE(program.outside.dialogs.boxes.size(), 1);
 }
 
 void TestMainWindow::lostLogDoesNotKeepTheUserFromQuitting()
@@ -539,10 +552,11 @@ void TestMainWindow::selectingAPagePlacesTheFocus()
 void TestMainWindow::quitOfPage1StoresPage1()
 {
     Program program;
-    program.rememberUsualRun("1");
+    program.rememberUsualRun("3");
     program.start();
     program.outside.dialogs.answers = {Answer::Yes};
     program.find<QPushButton>("Tab1Command2")->click();
+    QVERIFY(!program.window->isVisible());
     QVERIFY(program.sandbox.read(Program::settingsFile).startsWith("1\r\n"));
 }
 

@@ -29,7 +29,9 @@ QStringList valuesOf(const Settings &settings)
 
 QStringList parsed(const QByteArray &bytes)
 {
-    return valuesOf(settings_file::parse(bytes));
+    Settings settings;
+    settings_file::parse(bytes, settings);
+    return valuesOf(settings);
 }
 
 } // namespace
@@ -139,7 +141,7 @@ void TestSession::fewerThanSixValuesFail_data()
 void TestSession::fewerThanSixValuesFail()
 {
     QFETCH(QByteArray, bytes);
-    QCOMPARE(failureOf([&] { settings_file::parse(bytes); }), QString("62 Input past end of file"));
+    QCOMPARE(failureOf([&] { parsed(bytes); }), QString("62 Input past end of file"));
 }
 
 void TestSession::whatFollowsTheSixthValueIsIgnored()
@@ -167,7 +169,9 @@ void TestSession::everyByteOfTheCodePageComesBack()
         }
     }
     bytes.replace("C:\\FS9\\Aircraft", all);
-    QCOMPARE(settings_file::compose(settings_file::parse(bytes)), bytes);
+    Settings settings;
+    settings_file::parse(bytes, settings);
+    QCOMPARE(settings_file::compose(settings), bytes);
 }
 
 void TestSession::pathOutsideTheCodePageMakesTheFileUtf8()
@@ -198,7 +202,7 @@ void TestSession::binaryContentIsReadAsTextOrFails()
 {
     QFETCH(QByteArray, bytes);
     QFETCH(QString, failure);
-    QCOMPARE(failureOf([&] { settings_file::parse(bytes); }), failure);
+    QCOMPARE(failureOf([&] { parsed(bytes); }), failure);
 }
 
 void TestSession::valueOfAMegabyteIsOneValue()

@@ -60,6 +60,7 @@ struct SetProgram : Program {
     void choosePage1sFirst() const
     {
         auto *const list = find<ListBox>("Tab1List1");
+        list->setFocus();
         list->setListIndex(0);
         QTest::keyClick(list, Qt::Key_Insert);
     }
@@ -99,6 +100,9 @@ private Q_SLOTS:
     void pathsOfASetShow60Characters();
     void reminderComesWhenAirportsAreToBeChosen();
     void airportsAddedLeadBackToPage2();
+    void airportsCountAsSoonAsTheyAreWritten();
+    void setBegunWhileAnothersAirportsAreViewedGoesOn();
+    void setBegunWhileAnotherFileIsViewedGetsItsOwnAirports();
     void aircraftAddedLeadBackToPage2();
     void quitMenuGoesToPage2WhileAirportsAreChosen();
     void airportsOfACreatedSetCanStillBeAdded();
@@ -202,6 +206,59 @@ void TestSetAcrossPages::airportsAddedLeadBackToPage2()
     program.createAircraft();
     program.press("tab2cmdCreateNewFP");
     QVERIFY(program.sandbox.read(program.airports).contains("\r\nCYYC,"));
+}
+
+void TestSetAcrossPages::airportsCountAsSoonAsTheyAreWritten()
+{
+    SetProgram program;
+    program.createAirports();
+    program.choosePage1sFirst();
+    program.outside.dialogs.answers = {Answer::Yes};
+    program.outside.processes.whileRunning = [&] { program.press("tab2cmdCancel"); };
+    program.press("Tab1cmdCreateFile");
+    QVERIFY(!program.sandbox.exists(program.airports)); // given up while it was viewed
+    QCOMPARE(program.label("Tab1lblAirportTextFileName"), airportPrompt);
+    QVERIFY(program.isEnabled("Tab1cmdBrowse"));
+    QCOMPARE(program.page(), 1);
+}
+
+void TestSetAcrossPages::setBegunWhileAnothersAirportsAreViewedGoesOn()
+{
+    SetProgram program;
+    program.createAirports();
+    program.choosePage1sFirst();
+    program.outside.dialogs.answers = {Answer::Yes};
+    program.outside.processes.whileRunning = [&] {
+        program.press("tab2cmdCancel");
+        program.nameSet();
+        program.createAirports();
+    };
+    program.press("Tab1cmdCreateFile");
+    QCOMPARE(program.page(), 1);
+    QCOMPARE(program.label("Tab1lblAirportTextFileName"), program.airports);
+    QVERIFY(program.isEnabled("Tab1List1"));
+    QCOMPARE(program.find<ListBox>("Tab1List2")->count(), 0);
+    program.sandbox.write(program.airports, "of the user");
+    program.press("tab2cmdCancel"); // none were added to this one
+    QVERIFY(program.sandbox.exists(program.airports));
+}
+
+void TestSetAcrossPages::setBegunWhileAnotherFileIsViewedGetsItsOwnAirports()
+{
+    SetProgram program;
+    const QString other = "C:\\TTools\\Airports_Old.txt";
+    program.sandbox.write(other, "");
+    program.find<QTabWidget>("SSTab1")->setCurrentIndex(1);
+    program.outside.dialogs.files = {other};
+    program.press("Tab1cmdBrowse");
+    program.choosePage1sFirst();
+    program.outside.dialogs.answers = {Answer::Yes};
+    program.outside.processes.whileRunning = [&] { program.createAirports(); };
+    program.press("Tab1cmdCreateFile");
+    QCOMPARE(program.page(), 1);
+    QCOMPARE(program.label("Tab1lblAirportTextFileName"), program.airports);
+    QCOMPARE(program.find<ListBox>("Tab1List2")->count(), 0);
+    QVERIFY(program.sandbox.read(other).contains("\r\nCYYC,"));
 }
 
 void TestSetAcrossPages::aircraftAddedLeadBackToPage2()
@@ -333,7 +390,10 @@ void TestSetAcrossPages::discardedAircraftFileIsForgottenByPage0()
     program.createAirports();
     program.createAircraft();
     program.addPage0sFirst();
+    QVERIFY(program.isEnabled("cmdTtools"));
     program.press("tab2cmdCancel");
+    QVERIFY(!program.isEnabled("cmdTtools"));
+    QVERIFY(!program.isEnabled("cmdEdit"));
     QVERIFY(!program.sandbox.exists(program.aircraft));
     QCOMPARE(program.label("lblAircraftTextFile"), QString("Please select an Aircraft Text File"));
     QCOMPARE(program.state().AircraftTextDir, QString());

@@ -19,6 +19,9 @@
 namespace
 {
 
+const QString directoryPrompt =
+    QStringLiteral("<--- Please select your Flight Simulator Aircraft directory!");
+
 /// The splash, when it is on the screen.
 QWidget *shownSplash()
 {
@@ -45,13 +48,13 @@ private Q_SLOTS:
     void systemIsNamedWithItsVersion();
     void splashStandsFromTheStartUntilTheWindowIsUp();
     void splashShowsHowFarTheCountriesAreLoaded();
-    void splashIsGoneAfterAStartThatFailedHalfWay();
+    void splashIsGoneBeforeTheWindowIsUsedThoughAStepFailed();
     void programFolderIsTheCurrentDirectory();
     void developmentFolderWinsOverTheCurrentDirectory();
     void firstRunCreatesAnEmptySettingsFileAndShowsPage0();
     void firstRunSearchesTheSimulatorTwice();
     void settingsOfTenBytesCountAsAbsentElevenAreRead();
-    void settingsThatCannotBeReadEndTheRestoring();
+    void settingsThatCannotBeReadEndTheRestoringAlone();
     void previousRunIsRestored();
     void savedDirectoryWinsOverTheRegistry();
     void directoryWithoutAnAircraftWordIsNotApplied();
@@ -72,11 +75,16 @@ private Q_SLOTS:
     void binarySettingsAreReportedOrIgnoredButNeverFatal();
     void savedDirectoryThatIsGoneIsReportedAndTheWindowIsUsable();
     void savedTextFileThatIsGoneIsReportedAndTheRestGoesOn();
-    void savedDriveThatIsGoneIsReported();
+    void savedDriveThatIsGoneIsReportedAndTheRestGoesOn();
+    void savedDriveComesBackWhereverTheDirectoryLies();
+    void whatWasNotRestoredIsSavedAsItWasRead_data();
+    void whatWasNotRestoredIsSavedAsItWasRead();
+    void whatTheUserChoosesInsteadIsSaved();
+    void unwritableProgramFolderIsReportedOnceAndItsSettingsUsed();
+    void quittingFromAnUnwritableProgramFolderEndsAfterItsMessage();
     void savedValuesThatNobodyWouldReadAreNoDelay_data();
     void savedValuesThatNobodyWouldReadAreNoDelay();
     void numberOfAMillionFiguresIsNoDelay();
-    void unwritableProgramFolderIsReportedAndTheWindowIsUsable();
     void registeredFolderThatIsGoneIsReported();
     void registryThatCannotBeReadIsReported_data();
     void registryThatCannotBeReadIsReported();
@@ -147,16 +155,22 @@ void TestStartUp::splashShowsHowFarTheCountriesAreLoaded()
     QCOMPARE(program.outside.dialogs.boxes.last().title, QString("Form Load Error"));
 }
 
-void TestStartUp::splashIsGoneAfterAStartThatFailedHalfWay()
+void TestStartUp::splashIsGoneBeforeTheWindowIsUsedThoughAStepFailed()
 {
     Program program;
-    program.sandbox.write(Program::settingsFile, "just one long line\r\n");
-    bool shown = false;
-    program.outside.dialogs.whileShown = [&] { shown = isSplashShown(); };
+    program.remember("first", "", "q:", "", "", "True");
+    QList<bool> splash;
+    QList<bool> window;
+    program.outside.dialogs.whileShown = [&] {
+        splash += isSplashShown();
+        window += program.window->isVisible();
+    };
     program.start();
-    QVERIFY(shown);
+    QCOMPARE(program.outside.dialogs.boxes.last().prompt,
+             QString("Error  13 Type mismatch\rSelecting page first"));
+    QCOMPARE(splash, (QList<bool>{true, false}));
+    QCOMPARE(window, (QList<bool>{false, true}));
     QVERIFY(!isSplashShown());
-    QVERIFY(program.window->isVisible());
 }
 
 void TestStartUp::programFolderIsTheCurrentDirectory()
@@ -221,9 +235,8 @@ void TestStartUp::settingsOfTenBytesCountAsAbsentElevenAreRead()
     QVERIFY(!second.window->state().ShowAddAirportHelp);
 }
 
-void TestStartUp::settingsThatCannotBeReadEndTheRestoring()
+void TestStartUp::settingsThatCannotBeReadEndTheRestoringAlone()
 {
-    // The settings cannot be read: what stands before that step has happened, what follows has not.
     Program program;
     program.sandbox.write(Program::settingsFile, "3\r\nC:\\TTools\\TTools.exe\r\n");
     program.sandbox.write(Program::logFile, "old");
@@ -236,7 +249,9 @@ void TestStartUp::settingsThatCannotBeReadEndTheRestoring()
     QVERIFY(!program.sandbox.exists(Program::logFile));
     QCOMPARE(program.find<QLabel>("Tab3Label6")->text(), QString("Varlo"));
     QCOMPARE(program.window->state().DefaultName, QString("FlightPlans_"));
-    QCOMPARE(program.find<ListBox>("Tab3List3")->count(), 0);
+    QCOMPARE(program.window->state().strTToolsPath, QString());
+    QCOMPARE(program.find<ListBox>("Tab3List3")->items(), QStringList{directoryPrompt});
+    QCOMPARE(program.find<QTabWidget>("SSTab1")->currentIndex(), 0);
 }
 
 void TestStartUp::previousRunIsRestored()
@@ -443,9 +458,12 @@ void TestStartUp::commaInAPathShiftsTheValuesThatFollow()
     program.remember("0", "C:\\Tools, mine\\TTools.exe", "c:", "C:\\x", "true", "False");
     program.start();
     QCOMPARE(program.window->state().strTToolsPath, QString("C:\\Tools"));
-    QCOMPARE(program.outside.dialogs.boxes.size(), 1); // "mine\TTools.exe" is no drive
+    // "mine\TTools.exe" is no drive
     QCOMPARE(program.outside.dialogs.boxes[0].prompt,
              QString("Error  68 Device unavailable\rSetting drive to: mine\\TTools.exe"));
+    program.quit(); // no line is what it was: nothing of them comes again
+    QVERIFY(program.sandbox.read(Program::settingsFile)
+                .startsWith("0\r\nC:\\Tools\r\nc:\r\nC:\\FS9\\Aircraft\r\n"));
 }
 
 void TestStartUp::settingsWithOneLineAreReportedAndTheWindowIsUsable()
@@ -472,7 +490,7 @@ void TestStartUp::binarySettingsAreReportedOrIgnoredButNeverFatal()
     Program program;
     program.sandbox.write(Program::settingsFile, bytes);
     program.start();
-    QCOMPARE(program.outside.dialogs.boxes.size(), 1);
+    QVERIFY(!program.outside.dialogs.boxes.isEmpty());
     QCOMPARE(program.outside.dialogs.boxes[0].title, QString("Form Load Error"));
     QVERIFY(program.find<QTabWidget>("SSTab1")->isVisible());
     QCOMPARE(program.sandbox.read(Program::settingsFile), bytes);
@@ -503,16 +521,6 @@ void TestStartUp::savedTextFileThatIsGoneIsReportedAndTheRestGoesOn()
     QCOMPARE(program.outside.dialogs.boxes[0].prompt,
              QString("Error  53 File not found\rOpen C:\\TTools\\aircraft_gone.txt"));
     QCOMPARE(program.find<QTabWidget>("SSTab1")->currentIndex(), 3);
-}
-
-void TestStartUp::savedDriveThatIsGoneIsReported()
-{
-    Program program;
-    program.remember("0", "", "q:", Program::aircraftDir.toLatin1(), "", "True");
-    program.start();
-    QCOMPARE(program.outside.dialogs.boxes.size(), 1);
-    QCOMPARE(program.outside.dialogs.boxes[0].prompt,
-             QString("Error  68 Device unavailable\rSetting drive to: q:"));
 }
 
 void TestStartUp::savedValuesThatNobodyWouldReadAreNoDelay_data()
@@ -554,17 +562,125 @@ void TestStartUp::numberOfAMillionFiguresIsNoDelay()
     QVERIFY(program.outside.dialogs.boxes[0].prompt.startsWith("Error  6 Overflow\r"));
 }
 
-void TestStartUp::unwritableProgramFolderIsReportedAndTheWindowIsUsable()
+void TestStartUp::savedDriveThatIsGoneIsReportedAndTheRestGoesOn()
 {
     Program program;
-    QFile::setPermissions(program.sandbox.host("C:\\Morlen"), QFile::ReadOwner | QFile::ExeOwner);
-    const OrdinaryUser user(program.sandbox);
+    program.remember("3", "C:\\TTools\\TTools.exe", "q:", Program::aircraftDir.toLatin1(),
+                     Program::textFile.toLatin1(), "False");
     program.start();
     QCOMPARE(program.outside.dialogs.boxes.size(), 1);
     QCOMPARE(program.outside.dialogs.boxes[0].title, QString("Form Load Error"));
     QCOMPARE(program.outside.dialogs.boxes[0].prompt,
-             QString("Error  75 Path/File access error\rOpening C:\\Morlen\\\\TraceLog.txt"));
-    QVERIFY(program.find<QTabWidget>("SSTab1")->isVisible());
+             QString("Error  68 Device unavailable\rSetting drive to: q:"));
+    QVERIFY(program.find<QGroupBox>("tab2Frame12")->isEnabled());
+    QCOMPARE(program.window->state().strTToolsDir, QString("C:\\TTools\\"));
+    QVERIFY(!program.window->state().ShowAddAirportHelp);
+    QCOMPARE(program.find<ListBox>("Tab0List2")->count(), 1);
+    QCOMPARE(program.find<QTabWidget>("SSTab1")->currentIndex(), 3);
+}
+
+void TestStartUp::savedDriveComesBackWhereverTheDirectoryLies()
+{
+    Program program;
+    const QTemporaryDir stick;
+    QFile::link(stick.path(), program.sandbox.prefix() + "/dosdevices/d:");
+    program.rememberUsualRun("3");
+    program.start();
+    program.find<DriveListBox>("Tab3Drive1")->setCurrentText("d:");
+    QCOMPARE(program.find<DirListBox>("Tab3Dir1")->path(), QString("d:\\"));
+    program.quit();
+    program.start();
+    QCOMPARE(program.find<DriveListBox>("Tab3Drive1")->drive(), QString("d:"));
+    QCOMPARE(program.find<DirListBox>("Tab3Dir1")->path(), Program::aircraftDir);
+    QCOMPARE(program.outside.dialogs.boxes.size(), 1); // the question at the end of the first run
+}
+
+void TestStartUp::whatWasNotRestoredIsSavedAsItWasRead_data()
+{
+    QTest::addColumn<QByteArray>("before");
+    QTest::addColumn<QByteArray>("after");
+    const QByteArray stick = "C:\\TTools\\TTools.exe\r\nq:\r\nQ:\\FS9\\Aircraft\r\n"
+                             "Q:\\Aircraft_Stick.txt\r\nFalse\r\n";
+    QTest::newRow("all on a drive that is gone") << "3\r\n" + stick << "0\r\n" + stick;
+    const QByteArray gone =
+        "\r\nc:\r\nC:\\Gone\\Aircraft\r\nC:\\TTools\\Aircraft_Set.txt\r\nTrue\r\n";
+    QTest::newRow("directory gone") << "3\r\n" + gone << "0\r\n" + gone;
+    QTest::newRow("lines missing") << QByteArray("3\r\nC:\\TTools\\TTools.exe\r\n")
+                                   << QByteArray("0\r\nC:\\TTools\\TTools.exe\r\nc:\r\n"
+                                                 "C:\\FS9\\Aircraft\r\n\r\nTrue\r\n");
+}
+
+void TestStartUp::whatWasNotRestoredIsSavedAsItWasRead()
+{
+    QFETCH(QByteArray, before);
+    QFETCH(QByteArray, after);
+    Program program;
+    program.sandbox.write(Program::settingsFile, before);
+    program.start();
+    QCOMPARE(program.outside.dialogs.boxes.size(), 1);
+    program.quit();
+    QCOMPARE(program.sandbox.read(Program::settingsFile), after);
+}
+
+void TestStartUp::whatTheUserChoosesInsteadIsSaved()
+{
+    const QByteArray chosen = "0\r\n\r\nd:\r\nC:\\FS9\\Aircraft\r\nC:\\TTools\\Aircraft_Set.txt\r\n"
+                              "True\r\n";
+    Program program;
+    program.remember("0", "", "q:", "Q:\\FS9\\Aircraft", "Q:\\Aircraft_Stick.txt", "True");
+    program.start();
+    const QTemporaryDir stick;
+    QFile::link(stick.path(), program.sandbox.prefix() + "/dosdevices/d:");
+    // The directory is the registry's, which stood there already.
+    Q_EMIT program.find<DirListBox>("Dir1")->folderChosen("C:\\FS9");
+    Q_EMIT program.find<DirListBox>("Dir1")->folderChosen(Program::aircraftDir);
+    program.outside.dialogs.files = {Program::textFile};
+    program.find<QPushButton>("cmdBrowseText")->click();
+    program.find<DriveListBox>("Tab3Drive1")->addItem("d:");
+    program.find<DriveListBox>("Tab3Drive1")->setCurrentText("d:");
+    program.quit();
+    QCOMPARE(program.sandbox.read(Program::settingsFile), chosen);
+}
+
+void TestStartUp::unwritableProgramFolderIsReportedOnceAndItsSettingsUsed()
+{
+    for (const bool withSettings : {true, false}) {
+        Program program;
+        if (withSettings) {
+            program.rememberUsualRun("3");
+            QFile::setPermissions(program.sandbox.host(Program::settingsFile), QFile::ReadOwner);
+        }
+        QFile::setPermissions(program.sandbox.host("C:\\Morlen"),
+                              QFile::ReadOwner | QFile::ExeOwner);
+        const OrdinaryUser user(program.sandbox);
+        program.start();
+        QCOMPARE(program.outside.dialogs.boxes.size(), 1);
+        QCOMPARE(program.outside.dialogs.boxes[0].title, QString("Form Load Error"));
+        QCOMPARE(program.outside.dialogs.boxes[0].prompt,
+                 QString("Error  75 Path/File access error\rOpening C:\\Morlen\\\\TraceLog.txt"));
+        QVERIFY(program.find<QTabWidget>("SSTab1")->isVisible());
+        QCOMPARE(program.find<QTabWidget>("SSTab1")->currentIndex(), withSettings ? 3 : 0);
+        QCOMPARE(program.find<ListBox>("Tab0List2")->count(), withSettings ? 1 : 0);
+    }
+}
+
+void TestStartUp::quittingFromAnUnwritableProgramFolderEndsAfterItsMessage()
+{
+    Program program;
+    program.rememberUsualRun("3");
+    const QByteArray before = program.sandbox.read(Program::settingsFile);
+    QFile::setPermissions(program.sandbox.host(Program::settingsFile), QFile::ReadOwner);
+    QFile::setPermissions(program.sandbox.host("C:\\Morlen"), QFile::ReadOwner | QFile::ExeOwner);
+    const OrdinaryUser user(program.sandbox);
+    program.start();
+    program.quit();
+    QCOMPARE(program.outside.dialogs.boxes.size(), 3);
+    QCOMPARE(program.outside.dialogs.boxes[2].title, QString("Save Setting Error"));
+    QCOMPARE(program.outside.dialogs.boxes[2].prompt,
+             QString("Error  75 Path/File access error\rOpen C:\\Morlen\\\\MorlenE.ini"));
+    QVERIFY(!program.window->isVisible());
+    QVERIFY(program.window->state().ended);
+    QCOMPARE(program.sandbox.read(Program::settingsFile), before);
 }
 
 void TestStartUp::registeredFolderThatIsGoneIsReported()
@@ -731,8 +847,7 @@ void TestStartUp::page3AsksForTheDirectory()
 {
     Program program;
     program.start();
-    QCOMPARE(program.find<ListBox>("Tab3List3")->items(),
-             QStringList{"<--- Please select your Flight Simulator Aircraft directory!"});
+    QCOMPARE(program.find<ListBox>("Tab3List3")->items(), QStringList{directoryPrompt});
     QVERIFY(!program.find<QWidget>("Tab3chkDumpList")->isEnabled());
 }
 

@@ -20,18 +20,25 @@ private Q_SLOTS:
 void TestAbandonedSet::clearHalfWayTakesTheNewFilesBack()
 {
     SetProgram program;
+    // With a home, and a trash in it, on the disk of the set.
+    const Environment home("HOME", QFile::encodeName(program.sandbox.prefix()));
+    const Environment data("XDG_DATA_HOME", {});
+    QString told;
     const QString problem = program.use([&](RealUser &user) {
         SetProgram::nameSet(user);
         program.openNewAirports(user);
         program.addCountry(user, 2);
         user.click("tab2cmdCancel");
-        user.await("the file to go", [&] { return !program.sandbox.exists(airportPath); });
+        told = user.box();
+        user.answer("OK");
         user.clickTab(1);
         user.await("Browse", [&] {
             return findControl<QWidget>(*program.window, "Tab1cmdBrowse")->isEnabled();
         });
     });
     QCOMPARE(problem, QString());
+    QCOMPARE(told, "Clear|Moved to the trash:\n\n" + airportPath);
+    QVERIFY(!program.sandbox.exists(airportPath));
     QVERIFY(!program.sandbox.exists(flightPlanPath));
     QCOMPARE(program.label("Tab1lblAirportTextFileName"),
              QString("Please Select Airport Text file to Edit --->"));

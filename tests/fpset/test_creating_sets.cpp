@@ -11,6 +11,7 @@ const QString aircraft = FpSetDriver::aircraft;
 const QString flightPlans = FpSetDriver::flightPlans;
 const QString createdMessage =
     "Information, Create Files: FlightPlan file set " + flightPlans + " created successfully!";
+const QString trashedMessage = "Information, Clear: Moved to the trash:\r";
 const QByteArray oldAirportBytes = "// M\xFCnchen\r\nEDDM, N48";
 const QByteArray oldAircraftBytes = "AC#9,477,\"Boeing \xC9\"";
 
@@ -66,6 +67,8 @@ private Q_SLOTS:
     void clearAfterAirportsWereAddedDeletesThem();
     void clearBeforeAnyAirportWasAddedDeletesNothing();
     void clearAfterAircraftWereAddedDeletesThem();
+    void clearTellsInOneNoticeWhatIsInTheTrash();
+    void withoutATrashClearTellsOfNone();
     void clearLeavesTheNewAircraftFlagToo();
     void pathsOfANameInUseStaySet();
     void clearKeepsWhatWasToBeCopied();
@@ -319,6 +322,7 @@ void TestCreatingSets::clearAfterAirportsWereAddedDeletesThem()
     user.press("tab2cmdCancel");
     QCOMPARE(user.newFiles(), QStringList());
     QCOMPARE(user.trashed(), (QStringList{"Airports_Alpha.txt"}));
+    QCOMPARE(user.messages(), QStringList{trashedMessage + '\r' + airports});
     QCOMPARE(user.asked, (QStringList{"given up " + airports}));
     QVERIFY(!user.set.AddAirportsFlag && !user.set.newAirportFlag);
 }
@@ -332,6 +336,7 @@ void TestCreatingSets::clearBeforeAnyAirportWasAddedDeletesNothing()
     user.press("tab2cmdCancel");
     QCOMPARE(user.newFiles(), (QStringList{"Aircraft_Alpha.txt", "Airports_Alpha.txt"}));
     QCOMPARE(user.trashed(), QStringList());
+    QCOMPARE(user.messages(), QStringList());
     QVERIFY(!user.set.newAirportFlag && !user.set.reLoadNewPlan);
 }
 
@@ -345,6 +350,32 @@ void TestCreatingSets::clearAfterAircraftWereAddedDeletesThem()
     QCOMPARE(user.newFiles(), QStringList());
     QCOMPARE(user.trashed(), (QStringList{"Aircraft_Alpha.txt"}));
     QVERIFY(!user.set.newAirportFlag && !user.set.reLoadNewPlan);
+}
+
+void TestCreatingSets::clearTellsInOneNoticeWhatIsInTheTrash()
+{
+    NamingUser user;
+    user.createAirports();
+    user.addAirports();
+    user.createAircraft();
+    user.addAircraft();
+    QString frame;
+    user.outside.dialogs.whileShown = [&] { frame = user.highlighted().join(' '); };
+    user.press("tab2cmdCancel");
+    QCOMPARE(user.messages(), QStringList{trashedMessage + '\r' + airports + '\r' + aircraft});
+    QCOMPARE(frame, QString("tab2Frame12")); // the page is cleared by then
+}
+
+void TestCreatingSets::withoutATrashClearTellsOfNone()
+{
+    NamingUser user;
+    user.sandbox.write("C:\\share", {});
+    const OrdinaryUser rights(user.sandbox); // who has no trash at the root of the disk either
+    user.createAirports();
+    user.addAirports();
+    user.press("tab2cmdCancel");
+    QCOMPARE(user.newFiles(), QStringList{"Airports_Alpha.txt.Backup1"});
+    QCOMPARE(user.messages(), QStringList());
 }
 
 void TestCreatingSets::clearLeavesTheNewAircraftFlagToo()
@@ -402,7 +433,7 @@ void TestCreatingSets::clearAfterASuccessfulCreationDeletesNothing()
     // Nor does one half way through a later set: a set was created, and that stands.
     user.verify("FlightPlans_Bravo");
     user.createAirports();
-    user.window->continueWithAirports(true);
+    user.window->continueWithAirports("C:\\TTools\\Airports_Bravo.txt");
     user.createAircraft();
     user.press("tab2cmdCancel");
     QVERIFY(user.sandbox.exists("C:\\TTools\\Aircraft_Bravo.txt"));

@@ -15,6 +15,8 @@
 namespace
 {
 
+using fpset_files::Discarded;
+
 const QString target = QStringLiteral("C:\\TTools\\Airports_Alpha.txt");
 const QString source = QStringLiteral("C:\\TTools\\Airports_Old.txt");
 
@@ -322,7 +324,7 @@ void TestFpSetFiles::discardedFileGoesToTheTrash()
 {
     Desk desk;
     desk.sandbox.write(target, "airports of a set given up");
-    QVERIFY(fpset_files::discard(target, desk.step));
+    QCOMPARE(fpset_files::discard(target, desk.step), Discarded::Trashed);
     QCOMPARE(desk.files(), QStringList());
     QCOMPARE(desk.trashed(), (QStringList{"Airports_Alpha.txt"}));
     QFile trashed(desk.sandbox.host("C:\\share") + "/Trash/files/Airports_Alpha.txt");
@@ -335,7 +337,7 @@ void TestFpSetFiles::withoutATrashTheContentIsBackedUp()
     Desk desk;
     desk.sandbox.write("C:\\share\\Trash", "no folder");
     desk.sandbox.write(target, "airports of a set given up");
-    QVERIFY(fpset_files::discard(target, desk.step));
+    QCOMPARE(fpset_files::discard(target, desk.step), Discarded::Deleted);
     QCOMPARE(desk.files(), (QStringList{"Airports_Alpha.txt.Backup1"}));
     QCOMPARE(desk.sandbox.read(target + ".Backup1"), QByteArray("airports of a set given up"));
 }
@@ -343,9 +345,10 @@ void TestFpSetFiles::withoutATrashTheContentIsBackedUp()
 void TestFpSetFiles::discardingWhatIsNotThereDoesNothing()
 {
     Desk desk;
-    QVERIFY(!fpset_files::discard(target, desk.step));
-    QVERIFY(!fpset_files::discard({}, desk.step));
-    QVERIFY(!fpset_files::discard("C:\\TTools", desk.step)); // folders are not ours to delete
+    QCOMPARE(fpset_files::discard(target, desk.step), Discarded::WasNotThere);
+    QCOMPARE(fpset_files::discard({}, desk.step), Discarded::WasNotThere);
+    // Folders are not ours to delete.
+    QCOMPARE(fpset_files::discard("C:\\TTools", desk.step), Discarded::WasNotThere);
     QVERIFY(desk.sandbox.exists("C:\\TTools"));
     QCOMPARE(desk.trashed(), QStringList());
 }

@@ -453,15 +453,17 @@ void TestFpSetPage::airportsCountForASetThatWaitsForThem()
 {
     User user;
     user.name();
-    user.window->continueWithAirports(true); // to a file of the user's own
+    user.window->continueWithAirports(User::airports); // by a user who went there alone
     QVERIFY(!user.set.AddAirportsFlag);
     QCOMPARE(user.text("tab2txtAirport"), QString());
     user.createAirports();
-    user.window->continueWithAirports(false);
+    user.window->continueWithAirports({});
     QVERIFY(!user.set.AddAirportsFlag); // nothing was written
-    user.window->continueWithAirports(true);
+    user.window->continueWithAirports(User::oldAirports);
+    QVERIFY(!user.set.AddAirportsFlag); // to another file
+    user.window->continueWithAirports("c:\\ttools\\AIRPORTS_Alpha.txt");
     QVERIFY(user.set.AddAirportsFlag);
-    user.window->continueWithAirports(false);
+    user.window->continueWithAirports({});
     QVERIFY(user.set.AddAirportsFlag); // nothing more: the earlier ones still count
 }
 

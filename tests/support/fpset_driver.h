@@ -95,7 +95,7 @@ public:
     void addAirports()
     {
         sandbox.write(airports, "KSEA\r\n");
-        window->continueWithAirports(true);
+        window->continueWithAirports(airports);
     }
 
     /// Page 0 adds an aircraft to the set.

@@ -9,6 +9,7 @@
 #include "tests/support/sandbox.h"
 
 #include <QLabel>
+#include <QPushButton>
 
 #include <memory>
 
@@ -60,6 +61,13 @@ public:
         window = std::make_unique<frmMorlenEditor>(outside.outside());
         window->Form_Load();
         return *window;
+    }
+
+    /// Presses page 0's Quit and answers Yes.
+    void quit()
+    {
+        outside.dialogs.answers = {MessageBox::Answer::Yes};
+        find<QPushButton>("cmdQuit")->click();
     }
 
     template <typename Control>

@@ -79,7 +79,8 @@ private Q_SLOTS:
     void exitCodeIs259WhileTheChildRuns();
     void restOfTheLineIsOneArgument_data();
     void restOfTheLineIsOneArgument();
-    void childRunsInTheCurrentDirectory();
+    void childWorksBesideItsDocumentElseBesideItself_data();
+    void childWorksBesideItsDocumentElseBesideItself();
     void missingProgramFails_data();
     void missingProgramFails();
     void fileThatCannotBeRunFails_data();
@@ -161,16 +162,47 @@ void TestProcess::restOfTheLineIsOneArgument()
     QCOMPARE(programs.sandbox.read(programs.out), arguments);
 }
 
-void TestProcess::childRunsInTheCurrentDirectory()
+void TestProcess::childWorksBesideItsDocumentElseBesideItself_data()
 {
+    QTest::addColumn<QString>("line");
+    QTest::addColumn<QString>("folder");
+    QTest::newRow("no document") << "C:\\My Tools\\tool"
+                                 << "C:\\My Tools";
+    QTest::newRow("a document") << "C:\\My Tools\\tool C:\\My Sets\\Aircraft 1.txt"
+                                << "C:\\My Sets";
+    QTest::newRow("a new document") << "C:\\My Tools\\tool C:\\My Sets\\new.txt"
+                                    << "C:\\My Sets";
+    QTest::newRow("document in a folder that is gone")
+        << "C:\\My Tools\\tool C:\\Gone\\Aircraft.txt"
+        << "C:\\My Tools";
+    QTest::newRow("an option") << "C:\\My Tools\\tool /report"
+                               << "C:\\My Tools";
+    QTest::newRow("a stand-in") << "Notepad C:\\My Sets\\Aircraft 1.txt"
+                                << "C:\\My Sets";
+    QTest::newRow("a Windows program") << "C:\\My Tools\\TTools.exe"
+                                       << "C:\\My Tools";
+    QTest::newRow("a Windows editor") << "C:\\My Tools\\TTools.exe C:\\My Sets\\Aircraft 1.txt"
+                                      << "C:\\My Sets";
+    QTest::newRow("Windows editor, no such drive") << "C:\\My Tools\\TTools.exe Q:\\Aircraft 1.txt"
+                                                   << "C:\\My Tools";
+}
+
+void TestProcess::childWorksBesideItsDocumentElseBesideItself()
+{
+    QFETCH(QString, line);
+    QFETCH(QString, folder);
     Programs programs;
-    programs.sandbox.makeFolder("C:\\My Work");
-    programs.addScript("C:\\Bin\\tool", "pwd -P > \"$OUT\"");
-    paths::setCurrentDirectory("C:\\My Work");
-    const auto child = programs.processes.start("C:\\Bin\\tool", 1);
+    programs.sandbox.write("C:\\My Sets\\Aircraft 1.txt", "");
+    programs.addScript("C:\\My Tools\\tool", "pwd -P > \"$OUT\"");
+    programs.sandbox.write("C:\\My Tools\\TTools.exe", "MZ");
+    for (const QString name : {"wine", "editor"}) {
+        programs.addScript(QString("C:\\Path\\") + name, "pwd -P > \"$OUT\"");
+    }
+    SystemProcesses processes({{.program = "notepad", .commands = {{"editor", "--wait"}}}});
+    const auto child = processes.start(line, 1);
     QTRY_COMPARE(child->exitCode(), 0);
-    const QString folder = QFileInfo(programs.sandbox.host("C:\\My Work")).canonicalFilePath();
-    QCOMPARE(programs.sandbox.read(programs.out), folder.toUtf8() + '\n');
+    const QString host = QFileInfo(programs.sandbox.host(folder)).canonicalFilePath();
+    QCOMPARE(programs.sandbox.read(programs.out), host.toUtf8() + '\n');
 }
 
 void TestProcess::missingProgramFails_data()
