@@ -2,15 +2,13 @@
 #include "aircraft_loader/aircraft_loader_page.h"
 
 #include "aircraft_loader/added_lines.h"
+#include "aircraft_loader/directory_choice.h"
 #include "aircraft_loader/text_file_choice.h"
 #include "aircraft_loader/title_match.h"
 #include "app/services/backup.h"
-#include "app/services/fs_location.h"
-#include "app/services/look.h"
 #include "app/services/services.h"
 #include "app/services/set_in_progress.h"
 #include "platform/basic.h"
-#include "platform/blind_to_case.h"
 #include "platform/code_page.h"
 #include "platform/controls/control_state.h"
 #include "platform/controls/progress.h"
@@ -28,7 +26,6 @@ namespace
 {
 
 constexpr QLatin1StringView allUsedNotice = "All Available Aircraft have been used"_L1;
-constexpr QLatin1StringView directoryErrorTitle = "FlightSim Directory Error"_L1;
 constexpr QLatin1StringView availableCaption = "Available Aircraft: "_L1;
 constexpr QLatin1StringView existingCaption = "Existing AI Aircraft: "_L1;
 
@@ -43,16 +40,17 @@ AircraftLoaderPage::AircraftLoaderPage(Services &services, const SetInProgress &
       m_set(set)
 {
     ui->setupUi(this);
-    showCurrentStep(ui->noDirectoryLabel);
+    m_directory = new DirectoryChoice(*ui, services, this);
     m_textFile = new TextFileChoice(*ui, services, this);
     using Page = AircraftLoaderPage;
     connect(ui->opt2002, &QRadioButton::clicked, this, &Page::opt2002_Click);
     connect(ui->opt2004, &QRadioButton::clicked, this, &Page::opt2004_Click);
-    connect(ui->cmdBrowseFSPath, &QPushButton::clicked, this, &Page::cmdBrowseFSPath_Click);
-    connect(ui->Drive1, &QComboBox::currentTextChanged, this, &Page::Drive1_Change);
-    connect(ui->Dir1, &DirListBox::folderChosen, this,
-            [this](const QString &folder) { openFolder(folder, u"Directory Select Error"_s); });
-    connect(ui->Command1, &QPushButton::clicked, this, &Page::Command1_Click);
+    connect(m_directory, &DirectoryChoice::taken, this, &Page::takeDirectory);
+    connect(m_directory, &DirectoryChoice::chosen, this, &Page::directoryChosen);
+    connect(m_directory, &DirectoryChoice::refused, this, [this] {
+        ClearLists();
+        ui->cmdEdit->setEnabled(false);
+    });
     connect(m_textFile, &TextFileChoice::changed, this, &Page::textFileChanged);
     connect(m_textFile, &TextFileChoice::edited, this, &Page::LoadList);
     connect(m_textFile, &TextFileChoice::chosen, this, &Page::fillFromTextFile);
@@ -285,71 +283,14 @@ void AircraftLoaderPage::opt2004_Click()
     ui->lblTextFileSets->setEnabled(true);
 }
 
-void AircraftLoaderPage::cmdBrowseFSPath_Click()
+void AircraftLoaderPage::takeDirectory(const QString &directory)
 {
-    ui->Tab0List2->hide();
-    ui->Drive1->showDrive(ui->Dir1->path());
-    ui->frmDriveDialog->show();
-    focusIfShown(ui->Dir1);
-}
-
-void AircraftLoaderPage::Drive1_Change()
-{
-    openFolder(ui->Drive1->drive(), directoryErrorTitle);
-}
-
-void AircraftLoaderPage::openFolder(const QString &folder, const QString &errorTitle)
-{
-    m_services.errors.run(errorTitle, [&](Step &step) {
-        step.set(u"Set path to "_s + folder);
-        if (ui->Dir1->setPath(folder)) {
-            Dir1_Change();
-        }
-    });
-}
-
-void AircraftLoaderPage::Dir1_Change()
-{
-    if (takeFolder()) {
-        Q_EMIT directoryChosen(ui->Dir1->path());
-    }
-}
-
-/// Takes the folder picker's open folder for the aircraft directory, and returns whether it is one.
-bool AircraftLoaderPage::takeFolder()
-{
-    const QString directory = ui->Dir1->path();
-    if (!fs_location::endsInAircraftFolder(directory)) {
-        ui->Tab0List2->hide();
-        return false;
-    }
     askForTextFile();
     m_layout.take(directory);
-    ui->File1->setPath(directory);
-    showFSPath(directory);
-    ui->frmDriveDialog->hide();
-    ui->Tab0List2->show();
     if (m_set.reLoadNewPlan) { // the set being filled keeps its file
         takeFileOfSet(m_state.AircraftTextDir);
         fillFromTextFile();
     }
-    return true;
-}
-
-void AircraftLoaderPage::Command1_Click()
-{
-    if (blind_to_case::lower(ui->Dir1->path()).endsWith("aircraft"_L1)) {
-        showFSPath(ui->Dir1->path());
-    } else {
-        showFSPath({});
-        m_services.dialogs.show({.prompt = u"Please select the Flight Simulator Directory!"_s,
-                                 .title = directoryErrorTitle,
-                                 .icon = MessageBox::Icon::Exclamation});
-        ClearLists();
-        ui->cmdEdit->setEnabled(false);
-    }
-    ui->frmDriveDialog->hide();
-    ui->Tab0List2->show();
 }
 
 void AircraftLoaderPage::fillFromTextFile()
@@ -369,23 +310,14 @@ void AircraftLoaderPage::askForTextFile()
     ClearLists();
 }
 
-void AircraftLoaderPage::showFSPath(const QString &directory)
-{
-    ui->lblFSPath->setText(directory);
-    ui->noDirectoryLabel->setVisible(directory.isEmpty());
-}
-
 QString AircraftLoaderPage::shownDirectory() const
 {
-    return ui->lblFSPath->text();
+    return m_directory->shown();
 }
 
 void AircraftLoaderPage::showDirectory(const QString &directory)
 {
-    showFSPath(directory); // be it there or not
-    if (!directory.isEmpty() && ui->Dir1->setPath(directory)) {
-        takeFolder();
-    }
+    m_directory->show(directory);
 }
 
 void AircraftLoaderPage::takeFileOfSet(const QString &path)

@@ -15,6 +15,7 @@ namespace Ui
 class AircraftLoaderPage;
 }
 
+class DirectoryChoice;
 class TextFileChoice;
 struct FormState;
 struct Services;
@@ -73,10 +74,6 @@ private:
     // Handlers. The names are the product's.
     void opt2002_Click();
     void opt2004_Click();
-    void cmdBrowseFSPath_Click();
-    void Drive1_Change();
-    void Dir1_Change();
-    void Command1_Click();
     void cmdAddAI_Click();
     void Tab0List2_Click();
     void Tab0List3_DblClick();
@@ -84,8 +81,7 @@ private:
     void optClear_Click();
 
     // The steps of the handlers.
-    void openFolder(const QString &folder, const QString &errorTitle);
-    bool takeFolder();
+    void takeDirectory(const QString &directory);
     void readTextFile(Step &step);
     void walkFolders();
     void FindAvailableAI();
@@ -93,7 +89,6 @@ private:
     void checkAll(bool on);
     bool enableAddAircraft();
     void showLists(bool visible);
-    void showFSPath(const QString &directory);
 
     std::unique_ptr<Ui::AircraftLoaderPage> ui;
     Services &m_services;
@@ -102,6 +97,7 @@ private:
     AvailableAircraft m_available;
     AvailableAircraft::Layout m_layout; ///< AirplanesLayout and RotorcraftLayout
     AircraftTextFile m_existing;        ///< as last read, counting on while aircraft are added
+    DirectoryChoice *m_directory = nullptr;
     TextFileChoice *m_textFile = nullptr;
     bool ListLoaded = false; ///< LoadList has filled the lists; nobody asks
     bool SearchActive = false;
