@@ -11,16 +11,20 @@ QString AddedLines::linesFor(const QString &entry, const QDateTime &time, Step &
 {
     split(entry);
     step.set(u"Numbering "_s + m_title);
-    m_file.AircraftCount = basic::add16(m_file.AircraftCount, 1);
-    m_file.Number = basic::add16(m_file.Number, 1);
-    QString lines;
-    if (NoneAdded) {
-        NoneAdded = false;
-        lines = u"//AI Aircraft Added "_s + basic::longDate(time) + u' ' + basic::clockTime(time) +
-                u"\r\n"_s;
-    }
-    return lines + u"AC#"_s + QString::number(m_file.Number) + u',' + Speed.mid(1) + u",\""_s +
-           m_title + u"\"\r\n"_s;
+    m_count = basic::add16(m_file.AircraftCount, 1);
+    m_number = basic::add16(m_file.Number, 1);
+    m_line = u"AC#"_s + QString::number(m_number) + u',' + Speed.mid(1) + u",\""_s + m_title + u'"';
+    const QString comment = u"//AI Aircraft Added "_s + basic::longDate(time) + u' ' +
+                            basic::clockTime(time) + u"\r\n"_s;
+    return (NoneAdded ? comment : QString()) + m_line + u"\r\n"_s;
+}
+
+void AddedLines::written()
+{
+    NoneAdded = false;
+    m_file.AircraftCount = m_count;
+    m_file.Number = m_number;
+    m_file.lines += m_line;
 }
 
 /// Looks for the blank before the speed among the four characters before the last one only: a speed

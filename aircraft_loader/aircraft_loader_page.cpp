@@ -16,7 +16,9 @@
 #include "platform/controls/wait_pointer.h"
 #include "platform/files.h"
 
+#include <QHash>
 #include <QScopeGuard>
+#include <QSet>
 
 #include "ui_aircraft_loader_page.h"
 
@@ -26,8 +28,31 @@ namespace
 {
 
 constexpr QLatin1StringView allUsedNotice = "All Available Aircraft have been used"_L1;
+constexpr QLatin1StringView allDone = "All Done!  AI Aircraft Added"_L1;
 constexpr QLatin1StringView availableCaption = "Available Aircraft: "_L1;
 constexpr QLatin1StringView existingCaption = "Existing AI Aircraft: "_L1;
+
+/// Entries that are ticked, and how often each.
+using Ticks = QHash<QString, int>;
+
+Ticks ticksFrom(const ListBox &list, int first)
+{
+    Ticks ticks;
+    for (int i = first; i < list.count(); ++i) {
+        ticks[list.text(i)] += list.selected(i) ? 1 : 0;
+    }
+    return ticks;
+}
+
+/// Entries of one text are all the same: the first of them are ticked.
+void tick(ListBox &list, Ticks ticks)
+{
+    for (int i = 0; i < list.count(); ++i) {
+        if (ticks[list.text(i)]-- > 0) {
+            list.setSelected(i, true);
+        }
+    }
+}
 
 } // namespace
 
@@ -111,9 +136,16 @@ void AircraftLoaderPage::readTextFile(Step &step)
 {
     step.set(u"Open "_s + m_state.AircraftTextDir);
     m_services.log.write(u"Open "_s + m_state.AircraftTextDir);
-    const auto show = qScopeGuard([this] { ui->Tab0List3->setItems(m_existing.lines); });
+    auto show = qScopeGuard([this] { ui->Tab0List3->setItems(m_existing.lines); });
     m_existing = {};
     m_existing.read(files::readAll(m_state.AircraftTextDir));
+    show.dismiss();
+    showExisting();
+}
+
+void AircraftLoaderPage::showExisting()
+{
+    ui->Tab0List3->setItems(m_existing.lines);
     ui->Tab0Label2->setText(u"Existing AI Aircraft in "_s +
                             aircraft_text_file::captionName(m_state.AircraftTextDir) + u": "_s +
                             QString::number(m_existing.AircraftCount));
@@ -229,6 +261,7 @@ void AircraftLoaderPage::checkAll(bool on)
 void AircraftLoaderPage::cmdAddAI_Click()
 {
     const Step handler(m_state.ErrMsg);
+    m_services.log.write(u"Backing up "_s + m_state.AircraftTextDir);
     m_services.errors.run(u"Backup Error"_s,
                           [this](Step &step) { DoBackup(m_state.AircraftTextDir, step); });
     try {
@@ -240,9 +273,9 @@ void AircraftLoaderPage::cmdAddAI_Click()
                                  .icon = MessageBox::Icon::Critical});
         return;
     }
-    m_services.dialogs.show({.prompt = u"All Done!  AI Aircraft Added"_s,
-                             .title = u"Add AI"_s,
-                             .icon = MessageBox::Icon::Information});
+    m_services.log.write(allDone);
+    m_services.dialogs.show(
+        {.prompt = allDone, .title = u"Add AI"_s, .icon = MessageBox::Icon::Information});
     LoadList();
     Q_EMIT aircraftAdded();
     if (!m_set.reLoadNewPlan) {
@@ -253,9 +286,12 @@ void AircraftLoaderPage::cmdAddAI_Click()
 void AircraftLoaderPage::addChecked()
 {
     Step step(m_state.ErrMsg);
+    followTextFile(step);
     Repaint repaint;
     AddedLines added(m_existing);
-    for (int i = 0; i < ui->Tab0List2->count(); ++i) {
+    int i = 0;
+    auto tidy = qScopeGuard([&] { takeOutWritten(i); });
+    for (; i < ui->Tab0List2->count(); ++i) {
         ui->Tab0List2->setListIndex(i);
         if (repaint.isDue()) {
             Repaint::now();
@@ -263,10 +299,72 @@ void AircraftLoaderPage::addChecked()
         if (ui->Tab0List2->selected(i)) {
             const QString lines =
                 added.linesFor(ui->Tab0List2->text(i), m_services.clock.now(), step);
-            step.set(u"Open "_s + m_state.AircraftTextDir + u" for Append"_s);
-            files::appendLines(m_state.AircraftTextDir, code_page::encode(lines));
+            append(lines, !added.any(), step);
+            added.written();
         }
     }
+    tidy.dismiss(); // the lists are about to be rebuilt
+}
+
+void AircraftLoaderPage::append(const QString &lines, bool first, Step &step)
+{
+    const QString opening = u"Open "_s + m_state.AircraftTextDir + u" for Append"_s;
+    step.set(opening);
+    if (first) {
+        m_services.log.write(opening);
+    }
+    files::appendLines(m_state.AircraftTextDir, code_page::encode(lines));
+    for (const QString &line : lines.split(u"\r\n"_s, Qt::SkipEmptyParts)) {
+        m_services.log.write(u"Adding "_s + line);
+    }
+}
+
+/// Numbers follow the file: when it changed since it was loaded it is loaded anew. Of the ticks
+/// those stay whose titles it does not hold. A file that is gone is begun anew.
+void AircraftLoaderPage::followTextFile(Step &step)
+{
+    if (!files::exists(m_state.AircraftTextDir)) {
+        return;
+    }
+    step.set(u"Open "_s + m_state.AircraftTextDir);
+    AircraftTextFile now;
+    now.read(files::readAll(m_state.AircraftTextDir));
+    if (now.lines == m_existing.lines) {
+        return;
+    }
+    Ticks ticks = ticksFrom(*ui->Tab0List2, 0);
+    QSet<QString> titles;
+    for (const QString &line : now.lines) {
+        titles += line.mid(line.indexOf(u'"'));
+    }
+    ticks.removeIf([&](Ticks::iterator tick) {
+        return titles.contains(u'"' + tick.key().first(tick.key().lastIndexOf(u' ')) + u'"');
+    });
+    m_existing = now;
+    showExisting();
+    ui->Tab0List2->setItems(m_available.entries);
+    const auto restore = qScopeGuard([&] { tick(*ui->Tab0List2, ticks); });
+    step.set(u"Find Available AI"_s);
+    FindAvailableAI();
+}
+
+/// After a failure at the entry `end`: the ticked ones before it stand in the file.
+void AircraftLoaderPage::takeOutWritten(int end)
+{
+    const Ticks ticks = ticksFrom(*ui->Tab0List2, end);
+    QStringList left;
+    for (int i = 0; i < ui->Tab0List2->count(); ++i) {
+        if (i >= end || !ui->Tab0List2->selected(i)) {
+            left += ui->Tab0List2->text(i);
+        }
+    }
+    const qsizetype written = ui->Tab0List2->count() - left.size();
+    ui->Tab0List2->setItems(left);
+    ui->Tab0List2->setListIndex(end - static_cast<int>(written));
+    tick(*ui->Tab0List2, ticks);
+    ui->Tab0Label1->setText(availableCaption + QString::number(left.size()));
+    showExisting();
+    enableAddAircraft();
 }
 
 void AircraftLoaderPage::opt2002_Click()

@@ -86,6 +86,10 @@ private:
     void walkFolders();
     void FindAvailableAI();
     void addChecked();
+    void append(const QString &lines, bool first, Step &step);
+    void followTextFile(Step &step);
+    void takeOutWritten(int end);
+    void showExisting();
     void checkAll(bool on);
     bool enableAddAircraft();
     void showLists(bool visible);

@@ -21,7 +21,14 @@ struct Addition {
         file.Number = number;
     }
 
-    QString add(const QString &entry) { return lines.linesFor(entry, time, steps.step); }
+    QString ask(const QString &entry) { return lines.linesFor(entry, time, steps.step); }
+
+    QString add(const QString &entry)
+    {
+        const QString asked = ask(entry);
+        lines.written();
+        return asked;
+    }
 
     Steps steps;
     AircraftTextFile file;
@@ -41,6 +48,7 @@ class TestAddedLines : public QObject
 private Q_SLOTS:
     void linesAreNumberedOnBelowOneComment();
     void nextAdditionHasACommentOfItsOwnAndNumbersOn();
+    void numberMovesOnOnlyWithALineThatWasWritten();
     void commentHoldsLongDateAndClock_data();
     void commentHoldsLongDateAndClock();
     void commentIsEnglishInEveryLocale();
@@ -66,6 +74,19 @@ void TestAddedLines::nextAdditionHasACommentOfItsOwnAndNumbersOn()
     first.add("Boeing 250");
     Addition second(first.file.AircraftCount, first.file.Number);
     QCOMPARE(second.add("Airbus 454"), usualComment + "AC#2,454,\"Airbus\"\r\n");
+}
+
+void TestAddedLines::numberMovesOnOnlyWithALineThatWasWritten()
+{
+    Addition addition(3, 9);
+    addition.ask("Boeing 250");
+    QVERIFY(!addition.lines.any());
+    QCOMPARE(addition.add("Airbus 454"), comment + "AC#10,454,\"Airbus\"\r\n");
+    QVERIFY(addition.lines.any());
+    addition.ask("Boeing 250");
+    QCOMPARE(addition.file.Number, 10);
+    QCOMPARE(addition.file.AircraftCount, 4);
+    QCOMPARE(addition.file.lines, QStringList{"AC#10,454,\"Airbus\""});
 }
 
 void TestAddedLines::commentHoldsLongDateAndClock_data()

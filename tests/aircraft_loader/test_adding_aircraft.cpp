@@ -19,6 +19,12 @@ const QString appendStep = QStringLiteral("Open C:\\TTools\\Aircraft_Set.txt for
 const QByteArray comment = "//AI Aircraft Added Sunday, November 01, 2026 14:03:27\r\n";
 const QByteArray notInstalled = "AC#9,120,\"Not installed\"\r\n";
 
+/// A megabyte of comments: a limit of its size is out of the way of everything else a test writes.
+QByteArray longFile()
+{
+    return QByteArray("; an earlier line of the file\r\n").repeated(33'000);
+}
+
 /// Four titles of one aircraft, none of them used, and a text file with TTools beside it.
 struct AddingPage : AircraftLoaderDriver {
     explicit AddingPage(const QByteArray &existingLines = notInstalled)
@@ -72,12 +78,17 @@ private Q_SLOTS:
     void readOnlyFileIsReportedAndLeftAlone();
     void fullDiskIsReported();
     void diskThatFillsUpHalfWayKeepsWhatWasAddedBefore();
+    void whatFailedHalfWayIsTriedAgainWithoutWhatIsWritten();
     void failureLeavesTicksAndFocusForAnotherTry();
+    void numbersFollowTheFileAsItIsNow();
+    void ticksOfWhatTheFileHoldsNowAreDropped();
+    void fileThatCannotBeReadAnyMoreGetsNothing();
     void numberBeyond32767IsReported();
     void countBeyond32767IsReported();
     void fileDeletedMeanwhileIsReportedAndBegunAnew();
     void folderDeletedMeanwhileIsReported();
     void backupThatFailsIsReportedAndTheAircraftAreAdded();
+    void everyStepIsTraced();
     void failureIsTraced();
 };
 
@@ -375,7 +386,7 @@ void TestAddingAircraft::readOnlyFileIsReportedAndLeftAlone()
 
 void TestAddingAircraft::fullDiskIsReported()
 {
-    const QByteArray before = QByteArray("; an earlier line of the file\r\n").repeated(33'000);
+    const QByteArray before = longFile();
     AddingPage user(before);
     {
         const FileSizeLimit limit(before.size());
@@ -389,8 +400,7 @@ void TestAddingAircraft::fullDiskIsReported()
 
 void TestAddingAircraft::diskThatFillsUpHalfWayKeepsWhatWasAddedBefore()
 {
-    // A megabyte, so that the limit is out of the way of everything else the test writes.
-    const QByteArray before = QByteArray("; an earlier line of the file\r\n").repeated(33'000);
+    const QByteArray before = longFile();
     const QByteArray first = comment + "AC#1,477,\"Alpha\"\r\n";
     AddingPage user(before);
     {
@@ -401,6 +411,30 @@ void TestAddingAircraft::diskThatFillsUpHalfWayKeepsWhatWasAddedBefore()
              QStringList{"Critical, Add AI Error: " + appendStep + "\rError  61 Disk full"});
     QCOMPARE(user.textFileBytes(), before + first);
     QCOMPARE(user.sandbox.read(backup1), before);
+}
+
+void TestAddingAircraft::whatFailedHalfWayIsTriedAgainWithoutWhatIsWritten()
+{
+    const QByteArray before = longFile();
+    const QByteArray first = comment + "AC#1,477,\"Alpha\"\r\n";
+    AddingPage user(before);
+    {
+        const FileSizeLimit limit(before.size() + first.size() + 7);
+        user.add({0, 2, 3});
+    }
+    QCOMPARE(user.available(), (QStringList{"Bravo 477", "Charlie 477", "Delta 477"}));
+    QCOMPARE(user.ticked(), (QStringList{"Charlie 477", "Delta 477"}));
+    QCOMPARE(user.existing(), QStringList{"AC#1,477,\"Alpha\""});
+    QCOMPARE(user.label("Tab0Label1"), QString("Available Aircraft: 3"));
+    QCOMPARE(user.label("Tab0Label2"), QString("Existing AI Aircraft in Aircraft_Set.txt: 1"));
+    QCOMPARE(user.find<ListBox>("Tab0List2")->listIndex(), 1); // the one that failed
+    QVERIFY(user.isEnabled("cmdAddAI"));
+
+    user.press("cmdAddAI");
+    QCOMPARE(user.textFileBytes(), before + first + comment +
+                                       "AC#2,477,\"Charlie\"\r\n"
+                                       "AC#3,477,\"Delta\"\r\n");
+    QCOMPARE(user.available(), QStringList{"Bravo 477"});
 }
 
 void TestAddingAircraft::failureLeavesTicksAndFocusForAnotherTry()
@@ -417,6 +451,57 @@ void TestAddingAircraft::failureLeavesTicksAndFocusForAnotherTry()
     QVERIFY(user.isEnabled("cmdAddAI"));
     QCOMPARE(user.focus(), QString("cmdAddAI"));
     QCOMPARE(user.existing(), QStringList{"AC#9,120,\"Not installed\""});
+}
+
+void TestAddingAircraft::numbersFollowTheFileAsItIsNow()
+{
+    AddingPage user;
+    user.tick(0);
+    user.tick(2);
+    user.writeTextFile(notInstalled + "AC#40,120,\"Edited\"\r\n"); // by an editor, meanwhile
+    user.press("cmdAddAI");
+    QCOMPARE(user.textFileBytes(), notInstalled + "AC#40,120,\"Edited\"\r\n" + comment +
+                                       "AC#41,477,\"Alpha\"\r\n"
+                                       "AC#42,477,\"Charlie\"\r\n");
+    QCOMPARE(user.messages(), QStringList{allDone});
+}
+
+void TestAddingAircraft::ticksOfWhatTheFileHoldsNowAreDropped()
+{
+    // Of "Boeing" and "Boeing Red" the matching takes the first for the title "Boeing".
+    AircraftLoaderDriver user;
+    user.addAircraft("B734", {"Boeing Red", "Boeing", "Airbus", "Cessna"}, "477");
+    user.writeTextFile("AC#1,120,\"Removed since\"\r\nAC#2,477,\"Cessna\"\r\n");
+    user.start();
+    QCOMPARE(user.available(), (QStringList{"Boeing Red 477", "Boeing 477", "Airbus 477"}));
+    user.tick(1);
+    user.tick(2);
+    const QByteArray now = "AC#6,477,\"Boeing\"\r\n";
+    user.writeTextFile(now);
+    QStringList available;
+    QStringList existing;
+    user.outside.dialogs.whileShown = [&] {
+        available = user.available();
+        existing = user.existing();
+    };
+    user.press("cmdAddAI");
+    QCOMPARE(user.textFileBytes(), now + comment + "AC#7,477,\"Airbus\"\r\n");
+    QCOMPARE(available, (QStringList{"Boeing 477", "Airbus 477", "Cessna 477"}));
+    QCOMPARE(existing, QStringList{"AC#6,477,\"Boeing\""});
+}
+
+void TestAddingAircraft::fileThatCannotBeReadAnyMoreGetsNothing()
+{
+    AddingPage user;
+    const QByteArray now = "AC#one,120,\"No number\"\r\n";
+    user.tick(1);
+    user.writeTextFile(now);
+    user.press("cmdAddAI");
+    QCOMPARE(user.messages(),
+             QStringList{"Critical, Add AI Error: Open C:\\TTools\\Aircraft_Set.txt"
+                         "\rError  13 Type mismatch"});
+    QCOMPARE(user.textFileBytes(), now);
+    QCOMPARE(user.ticked(), QStringList{"Bravo 477"});
 }
 
 void TestAddingAircraft::numberBeyond32767IsReported()
@@ -474,13 +559,33 @@ void TestAddingAircraft::backupThatFailsIsReportedAndTheAircraftAreAdded()
     QCOMPARE(user.textFileBytes(), notInstalled + comment + "AC#10,477,\"Alpha\"\r\n");
 }
 
+void TestAddingAircraft::everyStepIsTraced()
+{
+    AddingPage user;
+    user.trace();
+    user.add({0, 2});
+    const QStringList steps = {"Backing up C:\\TTools\\Aircraft_Set.txt",
+                               appendStep,
+                               "Adding //AI Aircraft Added Sunday, November 01, 2026 14:03:27",
+                               "Adding AC#10,477,\"Alpha\"",
+                               "Adding AC#11,477,\"Charlie\"",
+                               "All Done!  AI Aircraft Added"};
+    QCOMPARE(user.traced().first(steps.size()), steps);
+}
+
 void TestAddingAircraft::failureIsTraced()
 {
-    AddingPage user("AC#32767,120,\"Not installed\"\r\n");
-    user.services.state.TraceOn = true;
-    user.add({0});
-    QCOMPARE(user.sandbox.read("C:\\Morlen\\TraceLog.txt"),
-             QByteArray("14:03:27 - Error  6 Overflow - Numbering Alpha\r\n"));
+    const QByteArray before = longFile();
+    const QByteArray first = comment + "AC#1,477,\"Alpha\"\r\n";
+    AddingPage user(before);
+    user.trace();
+    {
+        const FileSizeLimit limit(before.size() + first.size() + 7);
+        user.add({0, 1});
+    }
+    QCOMPARE(user.traced().sliced(2),
+             (QStringList{"Adding //AI Aircraft Added Sunday, November 01, 2026 14:03:27",
+                          "Adding AC#1,477,\"Alpha\"", "Error  61 Disk full - " + appendStep}));
 }
 
 QTEST_MAIN(TestAddingAircraft)
