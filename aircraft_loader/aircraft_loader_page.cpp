@@ -94,6 +94,7 @@ AircraftLoaderPage::~AircraftLoaderPage() = default;
 
 void AircraftLoaderPage::ClearLists()
 {
+    m_directory->close(); // nobody would see what the list is filled with
     ui->Tab0List1->clear();
     ui->Tab0List2->clear();
     ui->Tab0List3->clear();
@@ -367,18 +368,13 @@ void AircraftLoaderPage::takeOutWritten(int end)
     enableAddAircraft();
 }
 
-void AircraftLoaderPage::opt2002_Click()
+void AircraftLoaderPage::chooseVersion(const QString &version)
 {
-    m_state.FSType = u"2002"_s;
-    Q_EMIT simulatorVersionChosen();
-    ui->lblTextFileSets->setEnabled(false);
-}
-
-void AircraftLoaderPage::opt2004_Click()
-{
-    m_state.FSType = u"2004"_s;
-    Q_EMIT simulatorVersionChosen();
-    ui->lblTextFileSets->setEnabled(true);
+    if (m_state.FSType != version) {
+        m_state.FSType = version;
+        Q_EMIT simulatorVersionChosen();
+        ui->lblTextFileSets->setEnabled(version == u"2004"_s);
+    }
 }
 
 void AircraftLoaderPage::takeDirectory(const QString &directory)
@@ -404,8 +400,8 @@ void AircraftLoaderPage::fillFromTextFile()
 
 void AircraftLoaderPage::askForTextFile()
 {
-    m_textFile->ask();
     ClearLists();
+    m_textFile->ask();
 }
 
 QString AircraftLoaderPage::shownDirectory() const
@@ -423,11 +419,33 @@ void AircraftLoaderPage::takeFileOfSet(const QString &path)
     m_textFile->take(path);
 }
 
+bool AircraftLoaderPage::isCurrent(const QString &path) const
+{
+    return m_state.AircraftTextDir.compare(path, Qt::CaseInsensitive) == 0;
+}
+
+void AircraftLoaderPage::followFile(const QString &path)
+{
+    const auto readsOtherwise = [&] {
+        try {
+            AircraftTextFile now;
+            now.read(files::readAll(path));
+            return now.lines != m_existing.lines;
+        } catch (const RuntimeError &) {
+            return true; // loading it tells why
+        }
+    };
+    if (isCurrent(path) && m_textFile->isShown() && !shownDirectory().isEmpty() &&
+        readsOtherwise()) {
+        LoadList();
+    }
+}
+
 void AircraftLoaderPage::forgetFile(const QString &path)
 {
-    if (m_state.AircraftTextDir.compare(path, Qt::CaseInsensitive) == 0) {
-        m_textFile->forget();
+    if (isCurrent(path)) {
         ClearLists();
+        takeFileOfSet({});
     }
 }
 

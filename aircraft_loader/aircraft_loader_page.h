@@ -53,6 +53,9 @@ public:
         fillFromTextFile();
     }
 
+    /// Loads the lists anew when they are of this file, which somebody else has written since.
+    void followFile(const QString &path);
+
     /// Asks for a text file when this one was the current one: it is gone.
     void forgetFile(const QString &path);
 
@@ -72,8 +75,10 @@ Q_SIGNALS:
 
 private:
     // Handlers. The names are the product's.
-    void opt2002_Click();
-    void opt2004_Click();
+    void opt2002_Click() { chooseVersion(QStringLiteral("2002")); }
+
+    void opt2004_Click() { chooseVersion(QStringLiteral("2004")); }
+
     void cmdAddAI_Click();
     void Tab0List2_Click();
     void Tab0List3_DblClick();
@@ -81,6 +86,8 @@ private:
     void optClear_Click();
 
     // The steps of the handlers.
+    void chooseVersion(const QString &version);
+    bool isCurrent(const QString &path) const;
     void takeDirectory(const QString &directory);
     void readTextFile(Step &step);
     void walkFolders();

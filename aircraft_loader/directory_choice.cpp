@@ -7,6 +7,10 @@
 #include "platform/blind_to_case.h"
 #include "platform/controls/control_state.h"
 
+#include <QShortcut>
+
+#include <utility>
+
 #include "ui_aircraft_loader_page.h"
 
 using namespace Qt::StringLiterals;
@@ -28,10 +32,15 @@ DirectoryChoice::DirectoryChoice(Ui::AircraftLoaderPage &ui, Services &services,
     connect(ui.Dir1, &DirListBox::folderChosen, this,
             [this](const QString &folder) { openFolder(folder, u"Directory Select Error"_s); });
     connect(ui.Command1, &QPushButton::clicked, this, &Choice::Command1_Click);
+    connect(new QShortcut(Qt::Key_Escape, ui.frmDriveDialog), &QShortcut::activated, this, [this] {
+        close();
+        focusIfShown(m_ui.cmdBrowseFSPath);
+    });
 }
 
 void DirectoryChoice::show(const QString &directory)
 {
+    closePicker();
     showPath(directory); // be it there or not
     if (!directory.isEmpty() && m_ui.Dir1->setPath(directory)) {
         takeFolder();
@@ -43,16 +52,35 @@ QString DirectoryChoice::shown() const
     return m_ui.lblFSPath->text();
 }
 
+void DirectoryChoice::close()
+{
+    if (m_ui.frmDriveDialog->isHidden()) {
+        return;
+    }
+    closePicker();
+    const bool found = m_services.errors.run(directoryErrorTitle, [this](Step &step) {
+        step.set(u"Set path to "_s + shown());
+        if (!shown().isEmpty() && shown() != m_ui.Dir1->path()) {
+            m_ui.Dir1->setPath(shown());
+        }
+    });
+    if (!found) {
+        showPath({});
+        Q_EMIT refused();
+    }
+}
+
 void DirectoryChoice::cmdBrowseFSPath_Click()
 {
     m_ui.Drive1->showDrive(m_ui.Dir1->path());
-    showPicker(true);
+    openPicker();
     focusIfShown(m_ui.Dir1);
 }
 
 void DirectoryChoice::Drive1_Change()
 {
     openFolder(m_ui.Drive1->drive(), directoryErrorTitle);
+    m_ui.Drive1->showDrive(m_ui.Dir1->path()); // not a drive that cannot be read
 }
 
 void DirectoryChoice::openFolder(const QString &folder, const QString &errorTitle)
@@ -82,23 +110,24 @@ bool DirectoryChoice::takeFolder()
     }
     m_ui.File1->setPath(directory);
     showPath(directory);
-    showPicker(false);
+    closePicker();
     Q_EMIT taken(directory);
     return true;
 }
 
 void DirectoryChoice::Command1_Click()
 {
-    if (blind_to_case::lower(m_ui.Dir1->path()).endsWith("aircraft"_L1)) {
-        showPath(m_ui.Dir1->path());
-    } else {
-        showPath({});
+    const bool accepted = blind_to_case::lower(m_ui.Dir1->path()).endsWith("aircraft"_L1);
+    showPath(accepted ? m_ui.Dir1->path() : QString());
+    if (!accepted) {
         m_services.dialogs.show({.prompt = u"Please select the Flight Simulator Directory!"_s,
                                  .title = directoryErrorTitle,
                                  .icon = MessageBox::Icon::Exclamation});
+    }
+    closePicker();
+    if (!accepted) {
         Q_EMIT refused();
     }
-    showPicker(false);
 }
 
 void DirectoryChoice::showPath(const QString &directory)
@@ -107,9 +136,29 @@ void DirectoryChoice::showPath(const QString &directory)
     m_ui.noDirectoryLabel->setVisible(directory.isEmpty());
 }
 
-/// The picker stands in the place of the available list.
-void DirectoryChoice::showPicker(bool visible)
+/// The picker stands in the place of the available list. While it is open that is neither filled
+/// nor added from: nobody would see what.
+void DirectoryChoice::openPicker()
 {
-    m_ui.frmDriveDialog->setVisible(visible);
-    m_ui.Tab0List2->setVisible(!visible);
+    for (QWidget *control :
+         QList<QWidget *>{m_ui.cmdBrowseText, m_ui.cmdEdit, m_ui.optFrame, m_ui.cmdAddAI}) {
+        if (control->isEnabled()) {
+            control->setEnabled(false);
+            m_disabled += control;
+        }
+    }
+    m_ui.Tab0List2->hide();
+    m_ui.frmDriveDialog->show();
+}
+
+void DirectoryChoice::closePicker()
+{
+    if (m_ui.frmDriveDialog->isHidden()) {
+        return;
+    }
+    for (QWidget *control : std::exchange(m_disabled, {})) {
+        control->setEnabled(true);
+    }
+    m_ui.frmDriveDialog->hide();
+    m_ui.Tab0List2->show();
 }

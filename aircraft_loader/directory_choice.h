@@ -2,7 +2,10 @@
 // Page 0's aircraft directory: the folder picker it is chosen with.
 #pragma once
 
+#include <QList>
 #include <QObject>
+
+class QWidget;
 
 namespace Ui
 {
@@ -23,6 +26,9 @@ public:
     void show(const QString &directory);
     QString shown() const; ///< the text of lblFSPath
 
+    /// Closes the picker if it is open, and points it at the directory shown again.
+    void close();
+
 Q_SIGNALS:
     void taken(const QString &directory);  ///< another one is in use now
     void chosen(const QString &directory); ///< and it was the user who opened it
@@ -39,8 +45,10 @@ private:
     void openFolder(const QString &folder, const QString &errorTitle);
     bool takeFolder();
     void showPath(const QString &directory);
-    void showPicker(bool visible);
+    void openPicker();
+    void closePicker();
 
     Ui::AircraftLoaderPage &m_ui;
     Services &m_services;
+    QList<QWidget *> m_disabled; ///< while the picker is open
 };

@@ -13,6 +13,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
+constexpr QLatin1StringView prompt = "Please select an Aircraft Text File"_L1;
 constexpr qsizetype givenPathLimit = 60;  // characters shown of a path that the program gives
 constexpr qsizetype chosenPathLimit = 50; // and of one that the user has just chosen
 
@@ -25,26 +26,29 @@ TextFileChoice::TextFileChoice(Ui::AircraftLoaderPage &ui, Services &services, Q
     connect(ui.cmdBrowseText, &QPushButton::clicked, this, &Choice::cmdBrowseText_Click);
     connect(ui.cmdEdit, &QPushButton::clicked, this, &Choice::cmdEdit_Click);
     connect(ui.cmdTtools, &QPushButton::clicked, this, &Choice::cmdTtools_Click);
+    ask();
 }
 
 void TextFileChoice::ask()
 {
-    m_ui.lblAircraftTextFile->setText(u"Please select an Aircraft Text File"_s);
+    m_ui.lblAircraftTextFile->setText(prompt);
     showCurrentStep(m_ui.lblAircraftTextFile);
     m_ui.cmdTtools->setEnabled(false);
     m_ui.cmdEdit->setEnabled(false);
+}
+
+bool TextFileChoice::isShown() const
+{
+    return m_ui.lblAircraftTextFile->text() != prompt;
 }
 
 void TextFileChoice::take(const QString &path)
 {
     show(path, givenPathLimit);
     setAircraftTextDir(path);
-}
-
-void TextFileChoice::forget()
-{
-    setAircraftTextDir({});
-    ask();
+    if (path.isEmpty()) {
+        ask();
+    }
 }
 
 void TextFileChoice::enableTools()
@@ -78,7 +82,7 @@ void TextFileChoice::cmdBrowseText_Click()
         m_services.dialogs.show({.prompt = u"Please select an Aircraft Text file to edit!"_s,
                                  .title = u"FlightSim Directory Error"_s,
                                  .icon = MessageBox::Icon::Exclamation});
-        forget();
+        take({});
     } else {
         setAircraftTextDir(path);
     }

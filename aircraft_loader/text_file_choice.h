@@ -22,11 +22,10 @@ public:
     /// another one is: for the settings, and for a set that goes on with it.
     void ask();
 
-    /// Shows a file and makes it the one in use.
+    /// Shows a file and makes it the one in use; an empty path asks for one.
     void take(const QString &path);
 
-    /// Leaves no file in use, and asks for one.
-    void forget();
+    bool isShown() const; ///< a file; else it is asked for one
 
     /// The file is listed: it can be edited, and compiled when TTools stands beside it.
     void enableTools();

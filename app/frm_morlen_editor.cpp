@@ -131,6 +131,8 @@ void frmMorlenEditor::connectSet()
     connect(m_aircraftLoader, &AircraftLoaderPage::aircraftAdded, m_fpSet,
             &FpSetPage::continueWithAircraft);
     connect(m_fpSet, &FpSetPage::setContinues, this, showSet);
+    connect(m_fpSet, &FpSetPage::aircraftFileWritten, m_aircraftLoader,
+            &AircraftLoaderPage::followFile);
     connect(m_fpSet, &FpSetPage::aircraftFileChosen, this, [this](const QString &path) {
         m_aircraftLoader->takeFileOfSet(path);
         m_aircraftLoader->fillFromTextFile();
@@ -307,17 +309,20 @@ void frmMorlenEditor::launch(const QString &path, const QString &program, const 
 
 void frmMorlenEditor::FindFSPath()
 {
-    m_services.errors.run(u"FS Path Error"_s, [this](Step &step) {
+    QString directory;
+    const bool found = m_services.errors.run(u"FS Path Error"_s, [&](Step &step) {
         step.set(u"Get FlightSim Path"_s);
         FormState &state = m_services.state;
         state.RegValue = fs_location::installation(m_services.registry);
-        if (state.RegValue.isEmpty()) {
-            m_aircraftLoader->showDirectory({});
-        } else {
-            openAircraftDir(fs_location::aircraftDirectory(state.RegValue));
+        if (!state.RegValue.isEmpty()) {
+            directory = fs_location::aircraftDirectory(state.RegValue);
+            openAircraftDir(directory);
         }
-        m_aircraftLoader->ClearLists();
     });
+    if (!found || directory.isEmpty()) { // the lists are of none then, nor of another
+        m_aircraftLoader->showDirectory({});
+    }
+    m_aircraftLoader->ClearLists();
 }
 
 void frmMorlenEditor::SSTab1_Click(int /*PreviousTab*/)

@@ -356,7 +356,10 @@ void FpSetPage::askForAircraft(Step &step)
 
 void FpSetPage::tab2cmdCreateNewFP_Click()
 {
-    if (!m_services.errors.run(errorTitle, [this](Step &step) { createFiles(step); })) {
+    const bool created =
+        m_services.errors.run(errorTitle, [this](Step &step) { createFiles(step); });
+    Q_EMIT aircraftFileWritten(m_files.aircraftPath);
+    if (!created) {
         return; // what was created stays, and the step too, for another try
     }
     if (m_state.AircraftTextDir.compare(m_files.aircraftPath, Qt::CaseInsensitive) != 0) {

@@ -54,6 +54,8 @@ Q_SIGNALS:
     void reminderDue();
     /// Aircraft may be added to this new file: page 0 takes it over, is shown and loads its lists.
     void aircraftWanted(const QString &aircraftPath);
+    /// A creation may have emptied or replaced this file, be the set complete or not.
+    void aircraftFileWritten(const QString &aircraftPath);
     /// The aircraft file of a set that was just created: page 0 takes it over.
     void aircraftFileChosen(const QString &aircraftPath);
     /// The set goes on here: this page is to be shown.

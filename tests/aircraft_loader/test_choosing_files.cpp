@@ -84,6 +84,10 @@ class TestChoosingFiles : public QObject
 private Q_SLOTS:
     void browsingShowsThePickerInPlaceOfTheAvailableList();
     void browsingShowsTheDriveOfTheOpenFolder();
+    void nothingIsListedOrAddedWhileThePickerIsOpen();
+    void escapeClosesThePickerAndChangesNothing();
+    void escapeForgetsADirectoryThatIsGoneMeanwhile();
+    void listsThatAreLoadedCloseThePicker();
     void doubleClickIntoAFolderNamedAircraftClosesThePickerAndShowsThePath();
     void doubleClickIntoAnyOtherFolderKeepsThePickerOpen();
     void folderIsOpenedByEnterToo();
@@ -106,8 +110,10 @@ private Q_SLOTS:
     void closeButtonRejectsAnyOtherFolder();
     void simulatorVersionDecidesWhichTextFilesAreOffered();
     void simulatorVersionIsTold();
+    void clickOnTheVersionChosenDoesNothing();
     void dialogStartsInTheFolderOfTheFileInUse();
     void chosenTextFileFillsTheLists();
+    void textFileIsAskedForWhileThereIsNone();
     void chosenPathOf50CharactersIsShownWholeOf51Shortened();
     void restoredPathOf60CharactersIsShownWholeOf61Shortened();
     void textFileWithoutADirectoryWaitsForIt();
@@ -151,6 +157,89 @@ void TestChoosingFiles::browsingShowsTheDriveOfTheOpenFolder()
     user.press("cmdBrowseFSPath");
     QCOMPARE(user.find<DriveListBox>("Drive1")->drive(), QString("d:"));
     QCOMPARE(user.find<DirListBox>("Dir1")->path(), QString("D:\\Airplanes"));
+}
+
+void TestChoosingFiles::nothingIsListedOrAddedWhileThePickerIsOpen()
+{
+    ChosenPage user;
+    user.tick(0);
+    const QStringList buttons = {"cmdBrowseText", "cmdEdit", "optAll", "optClear", "cmdAddAI"};
+    user.press("cmdBrowseFSPath");
+    user.press("cmdBrowseFSPath"); // open already
+    for (const QString &name : buttons) {
+        QVERIFY2(!user.isEnabled(name), qPrintable(name));
+    }
+    user.press("Command1");
+    for (const QString &name : buttons) {
+        QVERIFY2(user.isEnabled(name), qPrintable(name));
+    }
+    user.press("optClear");
+    user.press("cmdBrowseFSPath");
+    user.openFolder("C:\\");
+    user.press("Command1"); // refused
+    QVERIFY(user.isEnabled("cmdBrowseText"));
+    QVERIFY(!user.isEnabled("cmdAddAI"));
+    QVERIFY(!user.isEnabled("cmdEdit"));
+}
+
+void TestChoosingFiles::escapeClosesThePickerAndChangesNothing()
+{
+    ChosenPage user;
+    user.tick(0);
+    user.browseTo({"FSX", "Scenery"});
+    user.pressKey("Dir1", Qt::Key_Escape);
+    QVERIFY(!user.isShown("frmDriveDialog"));
+    QVERIFY(user.isShown("Tab0List2"));
+    QCOMPARE(user.label("lblFSPath"), QString("C:\\FS9\\Aircraft"));
+    QCOMPARE(user.find<DirListBox>("Dir1")->path(), QString("C:\\FS9\\Aircraft"));
+    QVERIFY(user.showsTextFile(AircraftLoaderDriver::textFile));
+    QCOMPARE(user.ticked(), QStringList{"Boeing 477"});
+    QVERIFY(user.isEnabled("cmdAddAI"));
+    QCOMPARE(user.messages(), QStringList());
+    QCOMPARE(user.focus(), QString("cmdBrowseFSPath"));
+
+    ChoosingPage first;
+    first.open();
+    first.press("cmdBrowseFSPath");
+    first.pressKey("Drive1", Qt::Key_Escape);
+    QVERIFY(!first.isShown("frmDriveDialog"));
+    QVERIFY(first.isShown("noDirectoryLabel"));
+    QCOMPARE(first.messages(), QStringList());
+}
+
+void TestChoosingFiles::escapeForgetsADirectoryThatIsGoneMeanwhile()
+{
+    ChosenPage user;
+    user.browseTo({"FSX"});
+    QVERIFY(QDir(user.sandbox.host("C:\\FS9")).removeRecursively());
+    user.pressKey("Dir1", Qt::Key_Escape);
+    QCOMPARE(user.messages(),
+             QStringList{"Exclamation, FlightSim Directory Error: Error  76 Path not found"
+                         "\rSet path to C:\\FS9\\Aircraft"});
+    QCOMPARE(user.label("lblFSPath"), QString());
+    QVERIFY(user.isShown("noDirectoryLabel"));
+    QVERIFY(!user.isShown("frmDriveDialog"));
+    QCOMPARE(user.available(), QStringList());
+    QVERIFY(!user.isEnabled("cmdEdit"));
+}
+
+void TestChoosingFiles::listsThatAreLoadedCloseThePicker()
+{
+    ChosenPage user;
+    user.tick(0);
+    user.outside.dialogs.answers = {MessageBox::Answer::Yes};
+    user.outside.processes.whileRunning = [&] { user.browseTo({"FSX", "Scenery"}); };
+    user.press("cmdEdit");
+    QVERIFY(!user.isShown("frmDriveDialog"));
+    QVERIFY(user.isShown("Tab0List2"));
+    QCOMPARE(user.available(), QStringList{"Boeing 477"}); // of the directory that is shown
+    QVERIFY(!user.isEnabled("cmdAddAI"));
+    QVERIFY(user.isEnabled("cmdEdit"));
+
+    user.press("cmdBrowseFSPath");
+    user.window->forgetFile(AircraftLoaderDriver::textFile);
+    QVERIFY(!user.isShown("frmDriveDialog"));
+    QVERIFY(!user.isEnabled("cmdEdit"));
 }
 
 void TestChoosingFiles::doubleClickIntoAFolderNamedAircraftClosesThePickerAndShowsThePath()
@@ -247,7 +336,6 @@ void TestChoosingFiles::otherDirectoryChangesNothingButHidesTheList()
     QVERIFY(user.showsTextFile(AircraftLoaderDriver::textFile));
     QCOMPARE(user.available(), QStringList{"Boeing 477"});
     QCOMPARE(user.existing().size(), 1);
-    QVERIFY(user.isEnabled("cmdEdit"));
     QVERIFY(user.isEnabled("cmdTtools"));
     QCOMPARE(chosen.count(), 0);
 }
@@ -365,6 +453,7 @@ void TestChoosingFiles::driveThatIsNotReadyIsReported()
              QStringList{"Exclamation, FlightSim Directory Error: Error  68 Device unavailable"
                          "\rSet path to d:"});
     QCOMPARE(user.find<DirListBox>("Dir1")->path(), QString("C:\\Morlen"));
+    QCOMPARE(user.find<DriveListBox>("Drive1")->drive(), QString("c:"));
 }
 
 void TestChoosingFiles::closeButtonAcceptsAnAircraftFolder()
@@ -454,6 +543,18 @@ void TestChoosingFiles::simulatorVersionIsTold()
     QCOMPARE(told, (QStringList{"2002", "2004"}));
 }
 
+void TestChoosingFiles::clickOnTheVersionChosenDoesNothing()
+{
+    ChoosingPage user;
+    user.open();
+    const QSignalSpy chosen(user.window.get(), &AircraftLoaderPage::simulatorVersionChosen);
+    user.press("opt2004");
+    QCOMPARE(chosen.count(), 0);
+    user.press("opt2002");
+    user.press("opt2002");
+    QCOMPARE(chosen.count(), 1);
+}
+
 void TestChoosingFiles::dialogStartsInTheFolderOfTheFileInUse()
 {
     ChosenPage user;
@@ -478,6 +579,19 @@ void TestChoosingFiles::chosenTextFileFillsTheLists()
     QVERIFY(user.isEnabled("cmdEdit"));
     QVERIFY(user.isEnabled("cmdTtools"));
     QCOMPARE(user.messages(), QStringList());
+}
+
+void TestChoosingFiles::textFileIsAskedForWhileThereIsNone()
+{
+    ChoosingPage user;
+    user.open();
+    QVERIFY(user.asksForTextFile());
+    user.window->restoreTextFile("");
+    QVERIFY(user.asksForTextFile());
+    user.window->restoreTextFile(AircraftLoaderDriver::textFile);
+    QVERIFY(user.showsTextFile(AircraftLoaderDriver::textFile));
+    user.window->restoreTextFile("");
+    QVERIFY(user.asksForTextFile());
 }
 
 void TestChoosingFiles::chosenPathOf50CharactersIsShownWholeOf51Shortened()

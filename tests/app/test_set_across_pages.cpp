@@ -111,6 +111,8 @@ private Q_SLOTS:
     void fileThatPage1CameBackToIsForgotten();
     void copiedAircraftFileIsLoadedByPage0();
     void createdSetLeavesTheTicksOfPage0();
+    void fileThatACreationEmptiedIsLoadedAnew();
+    void fileThatACreationReplacedIsLoadedAnewThoughItFailed();
     void discardedAircraftFileIsForgottenByPage0();
     void anotherDirectoryMeanwhileKeepsTheSetsFile();
 };
@@ -382,6 +384,38 @@ void TestSetAcrossPages::createdSetLeavesTheTicksOfPage0()
     program.press("tab2cmdCreateNewFP");
     QVERIFY(program.find<ListBox>("Tab0List2")->selected(1));
     QCOMPARE(program.label("lblAircraftTextFile"), program.aircraft);
+}
+
+void TestSetAcrossPages::fileThatACreationEmptiedIsLoadedAnew()
+{
+    const SetProgram program;
+    program.sandbox.write(program.aircraft, "AC#8,454,\"Airbus Blue\"\r\n");
+    program.createAirports();
+    program.createAircraft();
+    QCOMPARE(program.find<ListBox>("Tab0List3")->count(), 1);
+    program.press("tab2cmdCreateNewFP");
+    QCOMPARE(program.sandbox.read(program.aircraft), QByteArray());
+    QCOMPARE(program.find<ListBox>("Tab0List3")->count(), 0);
+    QCOMPARE(program.find<ListBox>("Tab0List2")->count(), 2);
+}
+
+void TestSetAcrossPages::fileThatACreationReplacedIsLoadedAnewThoughItFailed()
+{
+    SetProgram program;
+    program.createAirports();
+    program.createAircraft();
+    program.find<QTabWidget>("SSTab1")->setCurrentIndex(2);
+    program.press("tab2cmdCancel");
+    program.nameSet();
+    program.createAirports();
+    program.press("tab2optCopyExistingAircraft");
+    program.outside.dialogs.files = {Program::textFile};
+    program.press("tab2cmdAircraft");
+    program.sandbox.makeFolder("C:\\TTools\\FlightPlans_New.txt"); // in the way of the last file
+    program.press("tab2cmdCreateNewFP");
+    QCOMPARE(program.outside.dialogs.boxes.last().title, QString("Create File Error"));
+    QCOMPARE(program.label("lblAircraftTextFile"), program.aircraft);
+    QCOMPARE(program.find<ListBox>("Tab0List3")->items(), QStringList{"AC#4,477,\"Boeing Blue\""});
 }
 
 void TestSetAcrossPages::discardedAircraftFileIsForgottenByPage0()

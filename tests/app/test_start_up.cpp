@@ -88,6 +88,7 @@ private Q_SLOTS:
     void registeredFolderThatIsGoneIsReported();
     void registryThatCannotBeReadIsReported_data();
     void registryThatCannotBeReadIsReported();
+    void directoryIsAskedForWhenTheSimulatorsIsGone();
     void neitherSimulatorLeavesTheLabelEmptyAndThePickersAlone();
     void simulatorXGivesAirplanes();
     void registeredFolderMayEndInABackslash();
@@ -723,6 +724,21 @@ void TestStartUp::registryThatCannotBeReadIsReported()
     QCOMPARE(boxes[0].title, title);
     QCOMPARE(boxes[0].prompt, "Error  57 Device I/O error\r" + step);
     QCOMPARE(program.find<ListBox>("Tab0List2")->count(), 1); // the rest goes on
+}
+
+void TestStartUp::directoryIsAskedForWhenTheSimulatorsIsGone()
+{
+    Program program;
+    program.rememberUsualRun();
+    program.start();
+    program.outside.registry.installFs9("C:\\Gone");
+    QTest::mouseClick(program.find<QWidget>("opt2002"), Qt::LeftButton, {}, {8, 8});
+    QCOMPARE(program.outside.dialogs.boxes.size(), 1);
+    QCOMPARE(program.outside.dialogs.boxes[0].title, QString("FS Path Error"));
+    QCOMPARE(program.label("lblFSPath"), QString());
+    QVERIFY(program.find<QLabel>("noDirectoryLabel")->isVisible());
+    QCOMPARE(program.find<ListBox>("Tab0List2")->count(), 0);
+    QCOMPARE(program.find<ListBox>("Tab0List3")->count(), 0);
 }
 
 void TestStartUp::neitherSimulatorLeavesTheLabelEmptyAndThePickersAlone()
