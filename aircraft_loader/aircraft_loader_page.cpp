@@ -2,13 +2,12 @@
 #include "aircraft_loader/aircraft_loader_page.h"
 
 #include "aircraft_loader/added_lines.h"
+#include "aircraft_loader/available_list.h"
 #include "aircraft_loader/directory_choice.h"
 #include "aircraft_loader/text_file_choice.h"
-#include "aircraft_loader/title_match.h"
 #include "app/services/backup.h"
 #include "app/services/services.h"
 #include "app/services/set_in_progress.h"
-#include "platform/basic.h"
 #include "platform/code_page.h"
 #include "platform/controls/control_state.h"
 #include "platform/controls/progress.h"
@@ -16,9 +15,7 @@
 #include "platform/controls/wait_pointer.h"
 #include "platform/files.h"
 
-#include <QHash>
 #include <QScopeGuard>
-#include <QSet>
 
 #include "ui_aircraft_loader_page.h"
 
@@ -27,32 +24,8 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-constexpr QLatin1StringView allUsedNotice = "All Available Aircraft have been used"_L1;
 constexpr QLatin1StringView allDone = "All Done!  AI Aircraft Added"_L1;
-constexpr QLatin1StringView availableCaption = "Available Aircraft: "_L1;
 constexpr QLatin1StringView existingCaption = "Existing AI Aircraft: "_L1;
-
-/// Entries that are ticked, and how often each.
-using Ticks = QHash<QString, int>;
-
-Ticks ticksFrom(const ListBox &list, int first)
-{
-    Ticks ticks;
-    for (int i = first; i < list.count(); ++i) {
-        ticks[list.text(i)] += list.selected(i) ? 1 : 0;
-    }
-    return ticks;
-}
-
-/// Entries of one text are all the same: the first of them are ticked.
-void tick(ListBox &list, Ticks ticks)
-{
-    for (int i = 0; i < list.count(); ++i) {
-        if (ticks[list.text(i)]-- > 0) {
-            list.setSelected(i, true);
-        }
-    }
-}
 
 } // namespace
 
@@ -67,6 +40,7 @@ AircraftLoaderPage::AircraftLoaderPage(Services &services, const SetInProgress &
     ui->setupUi(this);
     m_directory = new DirectoryChoice(*ui, services, this);
     m_textFile = new TextFileChoice(*ui, services, this);
+    m_list = new AvailableList(*ui, this);
     using Page = AircraftLoaderPage;
     connect(ui->opt2002, &QRadioButton::clicked, this, &Page::opt2002_Click);
     connect(ui->opt2004, &QRadioButton::clicked, this, &Page::opt2004_Click);
@@ -81,12 +55,7 @@ AircraftLoaderPage::AircraftLoaderPage(Services &services, const SetInProgress &
     connect(m_textFile, &TextFileChoice::chosen, this, &Page::fillFromTextFile);
     connect(ui->cmdAddAI, &QPushButton::clicked, this, &Page::cmdAddAI_Click);
     connect(ui->cmdQuit, &QPushButton::clicked, this, &Page::quitPressed);
-    connect(ui->Tab0List2, &ListBox::entryClicked, this, &Page::Tab0List2_Click);
-    // Whoever ticks with the space bar goes on ticking: the button must not take the focus away.
-    connect(ui->Tab0List2, &ListBox::entryTickedByKey, this, &Page::enableAddAircraft);
     connect(ui->Tab0List3, &ListBox::entryDoubleClicked, this, &Page::Tab0List3_DblClick);
-    connect(ui->optAll, &QRadioButton::clicked, this, &Page::optAll_Click);
-    connect(ui->optClear, &QRadioButton::clicked, this, &Page::optClear_Click);
     connect(ui->Tab0Help, &LinkLabel::clicked, this, &Page::helpWanted);
 }
 
@@ -99,7 +68,7 @@ void AircraftLoaderPage::ClearLists()
     ui->Tab0List2->clear();
     ui->Tab0List3->clear();
     ui->cmdAddAI->setEnabled(false);
-    ui->Tab0Label1->setText(availableCaption);
+    ui->Tab0Label1->setText(AvailableList::caption);
     ui->Tab0Label2->setText(existingCaption);
     ui->Tab0List2->setToolTip(
         u" This list displays all Aircraft available for use as AI Aircraft "_s);
@@ -110,22 +79,22 @@ void AircraftLoaderPage::LoadList()
 {
     const WaitPointer pointer;
     m_services.errors.run(u"LoadList Error"_s, [this](Step &step) {
-        const auto show = qScopeGuard([this] { showLists(true); });
+        const auto show = qScopeGuard([this] { m_list->showLists(true); });
         m_services.log.write(TraceLog::banner(u"LoadList Function Started"_s));
         ClearLists();
         ui->File1->clearFileName();
-        showLists(false);
+        m_list->showLists(false);
         readTextFile(step);
         walkFolders();
         ui->Tab0List2->setListIndex(0);
         ListLoaded = true;
         step.set(u"Find Available AI"_s);
-        FindAvailableAI();
+        m_list->FindAvailableAI();
         if (ui->Tab0List2->count() > 0) {
             ui->optFrame->setEnabled(true);
             unsetOptions({ui->optAll, ui->optClear});
         }
-        ui->Tab0Label1->setText(availableCaption + QString::number(ui->Tab0List2->count()));
+        m_list->showCount();
         ui->Tab0List2->setToolTip(
             u" Check the Aircraft you with to add to the Aircraft text file "_s);
         ui->Tab0List3->setToolTip(u" Double Click to edit the Aircraft text file "_s);
@@ -172,91 +141,9 @@ void AircraftLoaderPage::walkFolders()
     }
 }
 
-void AircraftLoaderPage::FindAvailableAI()
-{
-    SearchActive = true;
-    const auto done = qScopeGuard([this] { SearchActive = false; });
-    if (ui->Tab0List3->count() == 0) {
-        return;
-    }
-    const QStringList available = ui->Tab0List2->items();
-    const TitleMatch match = matchTitles(ui->Tab0List3->items(), available);
-    QStringList unused;
-    for (qsizetype i = 0; i < available.size(); ++i) {
-        if (!match.used.testBit(i)) {
-            unused += available[i];
-        }
-    }
-    ui->Tab0List2->setItems(unused);
-    if (unused.size() < available.size()) {
-        ui->Tab0Label1->setText(availableCaption + QString::number(unused.size()));
-    }
-    if (match.failure) {
-        throw RuntimeError(*match.failure);
-    }
-    ui->Tab0List2->setListIndex(-1);
-    ui->Tab0List3->setListIndex(-1);
-    ui->Tab0Label1->setText(u"Available Aircraft:"_s +
-                            basic::str(static_cast<int>(ui->Tab0List2->count())));
-    if (ui->Tab0List2->count() == 0) {
-        ui->Tab0List2->addItem(allUsedNotice);
-    }
-}
-
-void AircraftLoaderPage::showLists(bool visible)
-{
-    ui->Tab0List2->setVisible(visible);
-    ui->Tab0List3->setVisible(visible);
-    ui->Tab0Label1->setVisible(visible);
-    ui->Tab0Label2->setVisible(visible);
-    ui->Tab0Label9->setVisible(!visible);
-    ui->ProgressBar1->setVisible(!visible);
-    ui->ProgressBar1->setValue(0);
-}
-
-void AircraftLoaderPage::Tab0List2_Click()
-{
-    if (!SearchActive && enableAddAircraft()) {
-        focusIfShown(ui->cmdAddAI);
-    }
-}
-
-bool AircraftLoaderPage::enableAddAircraft()
-{
-    const bool canAdd = ui->Tab0List2->selectedCount() > 0 &&
-                        ui->Tab0List2->text(ui->Tab0List2->listIndex()) != allUsedNotice;
-    ui->cmdAddAI->setEnabled(canAdd);
-    return canAdd;
-}
-
 void AircraftLoaderPage::Tab0List3_DblClick()
 {
     ui->cmdEdit->click();
-}
-
-void AircraftLoaderPage::optAll_Click()
-{
-    checkAll(true);
-}
-
-void AircraftLoaderPage::optClear_Click()
-{
-    checkAll(false);
-}
-
-void AircraftLoaderPage::checkAll(bool on)
-{
-    constexpr int step = 5000; // entries ticked between two looks at the clock
-    const int count = ui->Tab0List2->count();
-    showLists(false);
-    Progress progress(ui->ProgressBar1, count);
-    for (int first = 0; first < count; first += step) {
-        ui->Tab0List2->setSelected(first, qMin(first + step, count) - 1, on);
-        progress.show(first);
-    }
-    ui->Tab0List2->setListIndex(count - 1); // ticking one after the other ends on the last
-    showLists(true);
-    Tab0List2_Click();
 }
 
 void AircraftLoaderPage::cmdAddAI_Click()
@@ -291,7 +178,10 @@ void AircraftLoaderPage::addChecked()
     Repaint repaint;
     AddedLines added(m_existing);
     int i = 0;
-    auto tidy = qScopeGuard([&] { takeOutWritten(i); });
+    auto tidy = qScopeGuard([&] {
+        m_list->takeOutWritten(i);
+        showExisting();
+    });
     for (; i < ui->Tab0List2->count(); ++i) {
         ui->Tab0List2->setListIndex(i);
         if (repaint.isDue()) {
@@ -333,39 +223,10 @@ void AircraftLoaderPage::followTextFile(Step &step)
     if (now.lines == m_existing.lines) {
         return;
     }
-    Ticks ticks = ticksFrom(*ui->Tab0List2, 0);
-    QSet<QString> titles;
-    for (const QString &line : now.lines) {
-        titles += line.mid(line.indexOf(u'"'));
-    }
-    ticks.removeIf([&](Ticks::iterator tick) {
-        return titles.contains(u'"' + tick.key().first(tick.key().lastIndexOf(u' ')) + u'"');
-    });
     m_existing = now;
     showExisting();
-    ui->Tab0List2->setItems(m_available.entries);
-    const auto restore = qScopeGuard([&] { tick(*ui->Tab0List2, ticks); });
     step.set(u"Find Available AI"_s);
-    FindAvailableAI();
-}
-
-/// After a failure at the entry `end`: the ticked ones before it stand in the file.
-void AircraftLoaderPage::takeOutWritten(int end)
-{
-    const Ticks ticks = ticksFrom(*ui->Tab0List2, end);
-    QStringList left;
-    for (int i = 0; i < ui->Tab0List2->count(); ++i) {
-        if (i >= end || !ui->Tab0List2->selected(i)) {
-            left += ui->Tab0List2->text(i);
-        }
-    }
-    const qsizetype written = ui->Tab0List2->count() - left.size();
-    ui->Tab0List2->setItems(left);
-    ui->Tab0List2->setListIndex(end - static_cast<int>(written));
-    tick(*ui->Tab0List2, ticks);
-    ui->Tab0Label1->setText(availableCaption + QString::number(left.size()));
-    showExisting();
-    enableAddAircraft();
+    m_list->replace(m_available.entries);
 }
 
 void AircraftLoaderPage::chooseVersion(const QString &version)

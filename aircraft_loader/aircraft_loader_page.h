@@ -15,6 +15,7 @@ namespace Ui
 class AircraftLoaderPage;
 }
 
+class AvailableList;
 class DirectoryChoice;
 class TextFileChoice;
 struct FormState;
@@ -80,10 +81,7 @@ private:
     void opt2004_Click() { chooseVersion(QStringLiteral("2004")); }
 
     void cmdAddAI_Click();
-    void Tab0List2_Click();
     void Tab0List3_DblClick();
-    void optAll_Click();
-    void optClear_Click();
 
     // The steps of the handlers.
     void chooseVersion(const QString &version);
@@ -91,15 +89,10 @@ private:
     void takeDirectory(const QString &directory);
     void readTextFile(Step &step);
     void walkFolders();
-    void FindAvailableAI();
     void addChecked();
     void append(const QString &lines, bool first, Step &step);
     void followTextFile(Step &step);
-    void takeOutWritten(int end);
     void showExisting();
-    void checkAll(bool on);
-    bool enableAddAircraft();
-    void showLists(bool visible);
 
     std::unique_ptr<Ui::AircraftLoaderPage> ui;
     Services &m_services;
@@ -110,6 +103,6 @@ private:
     AircraftTextFile m_existing;        ///< as last read, counting on while aircraft are added
     DirectoryChoice *m_directory = nullptr;
     TextFileChoice *m_textFile = nullptr;
+    AvailableList *m_list = nullptr;
     bool ListLoaded = false; ///< LoadList has filled the lists; nobody asks
-    bool SearchActive = false;
 };
