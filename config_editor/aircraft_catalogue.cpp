@@ -19,7 +19,6 @@ void AircraftCatalogue::take(const AircraftFolder &folder, AircraftRoot root, St
     if (folder.cfgFile.isEmpty()) {
         return;
     }
-    step.set(u"Get Aircraft Name"_s);
     folders += folder.path;
     folderNames += folder.name;
     const EditorContent &content = folder.editor;
@@ -29,6 +28,9 @@ void AircraftCatalogue::take(const AircraftFolder &folder, AircraftRoot root, St
     }
     step.set(u"Check for FF Code"_s);
     if (content.failure) {
+        if (content.lastLine) {
+            step.set(u"Reading " % *content.lastLine);
+        }
         throw RuntimeError(*content.failure);
     }
     if (content.displayName.isEmpty()) {

@@ -15,8 +15,8 @@ namespace files
 
 /// A file found in a folder.
 struct FoundFile {
-    QString name; ///< on disk, empty when there is none
-    QByteArray content;
+    QString name;       ///< on disk, empty when there is none
+    QByteArray content; ///< as far as it could be read
     bool opened = false;
     std::optional<RuntimeError> failure; ///< why it could not be opened, or be read once it was
 };

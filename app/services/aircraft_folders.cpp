@@ -3,6 +3,7 @@
 
 #include "app/services/step.h"
 #include "platform/files.h"
+#include "platform/line_reader.h"
 #include "platform/paths.h"
 
 #include <QStringBuilder>
@@ -66,6 +67,9 @@ void AircraftFolders::Walk::look(const QString &path)
         std::tie(folder.traffic, folder.editor) = cfg_content::parse(found.content, m_wanted);
     } else if (found.opened) {
         folder.traffic.failure = folder.editor.failure = found.failure;
+        for (LineReader lines(found.content); !lines.atEnd();) {
+            folder.editor.lastLine = code_page::decode(lines.next());
+        }
     } else {
         folder.failure = found.failure;
     }

@@ -141,7 +141,8 @@ public:
         return {.aliased = namesAlias(bytes),
                 .panel = code_page::decode(m_panel.value_or(QByteArrayView())),
                 .displayName = displayName(),
-                .failure = {}};
+                .failure = {},
+                .lastLine = {}};
     }
 
 private:

@@ -28,6 +28,7 @@ struct EditorContent {
     QString panel;                       ///< the value of "panel="; empty without one
     QString displayName;                 ///< as shown; empty when one of its four keys is missing
     std::optional<RuntimeError> failure; ///< what ended the reading early
+    std::optional<QString> lastLine;     ///< read before that
 };
 
 enum class Content { Traffic, Editor, Both };

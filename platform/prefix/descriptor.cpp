@@ -157,13 +157,16 @@ void readRest(int descriptor, qsizetype filled, QByteArray &buffer)
             continue;
         }
         if (count < 0) {
-            throwErrno(errno, ErrorNumber::FileNotFound);
+            const int error = errno;
+            buffer.resize(filled); // as far as it could be read
+            throwErrno(error, ErrorNumber::FileNotFound);
         }
         filled += count;
         if (count == 0) {
             break;
         }
         if (filled > largestFile) {
+            buffer.clear();
             throw RuntimeError(ErrorNumber::OutOfMemory);
         }
         if (filled == buffer.size()) {

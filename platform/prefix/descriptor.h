@@ -78,7 +78,8 @@ QByteArray hostName(const QString &path);
 int openFolder(const QByteArray &host);
 
 /// Reads on from the `filled` bytes that the buffer holds already, to the end of the file. Throws
-/// Out of memory (7) for a file beyond `largestFile`.
+/// Out of memory (7) for a file beyond `largestFile`; after any other failure the buffer holds what
+/// could be read.
 void readRest(int descriptor, qsizetype filled, QByteArray &buffer);
 
 /// Whether an entry of a folder, given by its descriptor, is a folder or a link to one.

@@ -26,14 +26,15 @@ constexpr rlim_t leftFree = 16;         // descriptors that the rest of the prog
 void readInto(FoundFile &found, int file)
 {
     constexpr qsizetype usualSize = 65536; // bytes
-    found.opened = file >= 0;
+    found.opened = false;
     found.failure.reset();
-    found.content.resize(usualSize);
     try {
-        if (!found.opened) {
+        if (file < 0) {
             throwErrno(errno, ErrorNumber::FileNotFound);
         }
         lengthToRead(file);
+        found.opened = true;
+        found.content.resize(usualSize);
         readRest(file, 0, found.content);
     } catch (const RuntimeError &error) {
         found.failure = error;

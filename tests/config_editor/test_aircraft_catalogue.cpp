@@ -65,6 +65,7 @@ private Q_SLOTS:
     void longNameIsCutInTheListingOnly();
     void unreadableFileIsReportedAndTheWalkGoesOn();
     void fileThatOpensButCannotBeReadIsReportedToo();
+    void fileThatBreaksOffNamesTheLineReadLast();
     void folderThatIsGoneEndsTheWalk();
     void secondWalkStartsAnew();
 };
@@ -183,6 +184,19 @@ void TestAircraftCatalogue::fileThatOpensButCannotBeReadIsReportedToo()
     QCOMPARE(walk.failures, QStringList{"57 Device I/O error: Check for FF Code"});
     QCOMPARE(walk.catalogue.cfgFiles, QStringList{"C:\\FS9\\Aircraft\\b\\aircraft.cfg"});
     QCOMPARE(walk.catalogue.folderNames, (QStringList{"a", "b"}));
+}
+
+void TestAircraftCatalogue::fileThatBreaksOffNamesTheLineReadLast()
+{
+    AircraftFolder folder;
+    folder.cfgFile = "C:\\FS9\\Aircraft\\a\\aircraft.cfg";
+    folder.editor.failure = RuntimeError(ErrorNumber::DeviceIoError);
+    folder.editor.lastLine = "title=Baron";
+    Steps steps;
+    AircraftCatalogue catalogue;
+    QCOMPARE(
+        steps.failureOf([&](Step &step) { catalogue.take(folder, AircraftRoot::Aircraft, step); }),
+        QString("57 Device I/O error: Reading title=Baron"));
 }
 
 void TestAircraftCatalogue::folderThatIsGoneEndsTheWalk()

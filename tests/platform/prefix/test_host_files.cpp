@@ -12,6 +12,7 @@
 #include <QStorageInfo>
 #include <QtTest>
 
+#include <array>
 #include <atomic>
 #include <functional>
 #include <thread>
@@ -86,6 +87,8 @@ private Q_SLOTS:
     void whatIsNoFileIsRefusedAtOnce_data();
     void whatIsNoFileIsRefusedAtOnce();
     void fileBeyondTheLimitIsRefused();
+    void fileThatBreaksOffGivesWhatCouldBeRead();
+    void configurationThatIsNoFileIsNotOpened();
     void whatAKilledProgramLeftIsRemoved();
     void permissionsStay();
     void copyReplacesALink();
@@ -159,6 +162,30 @@ void TestHostFiles::fileBeyondTheLimitIsRefused()
         QCOMPARE(failureOf([] { files::readAll(file); }), "7 Out of memory");
         QCOMPARE(files::length(file), size);
     }
+}
+
+void TestHostFiles::fileThatBreaksOffGivesWhatCouldBeRead()
+{
+    std::array<int, 2> ends = {};
+    QCOMPARE(::pipe2(ends.data(), O_NONBLOCK), 0); // once it is empty, reading it fails
+    const files::Descriptor out(ends[0]);
+    const files::Descriptor in(ends[1]);
+    QCOMPARE(::write(in.get(), "one\ntwo", 7), 7);
+    QByteArray read(64, '?');
+    QCOMPARE(failureOf([&] { files::readRest(out.get(), 0, read); }),
+             QString("57 Device I/O error"));
+    QCOMPARE(read, QByteArray("one\ntwo"));
+}
+
+void TestHostFiles::configurationThatIsNoFileIsNotOpened()
+{
+    const Sandbox sandbox;
+    sandbox.makeFolder("C:\\FS9\\a");
+    QCOMPARE(::mkfifo(hostName(sandbox, "C:\\FS9\\a\\aircraft.cfg").constData(), 0600), 0);
+    files::SubFolderReader reader("C:\\FS9", {"a"}, "aircraft.cfg");
+    const files::FoundFile &found = reader.next();
+    QCOMPARE(found.failure->number(), 75);
+    QVERIFY(!found.opened); // so that the report says "Opening"
 }
 
 void TestHostFiles::whatAKilledProgramLeftIsRemoved()
