@@ -9,11 +9,8 @@
 #include "platform/controls/progress.h"
 #include "platform/controls/wait_pointer.h"
 #include "platform/files.h"
-#include "platform/paths.h"
 
 #include <QScopeGuard>
-
-#include <algorithm>
 
 #include "ui_config_editor_page.h"
 
@@ -138,7 +135,8 @@ bool ConfigEditorPage::takeFolder()
     const bool accepted = fs_location::endsInAircraftFolder(directory());
     if (accepted) {
         m_services.log.write(u"Editor Path is "_s + directory());
-        listAircraft();
+        ui->Tab3File1->setPath(directory());
+        Tab3LoadList();
     } else {
         showCatalogue({});
         ui->Tab3List3->addItem(directoryPrompt);
@@ -148,34 +146,13 @@ bool ConfigEditorPage::takeFolder()
     return accepted;
 }
 
-void ConfigEditorPage::listAircraft()
-{
-    Step step(m_state.ErrMsg);
-    step.set(u"Set path to "_s + directory());
-    ui->Tab3File1->setPath(directory());
-    showCatalogue({});
-    showTotal();
-    Tab3LoadList();
-}
-
-/// A directory of the combat simulator holds folders that are no aircraft.
-void ConfigEditorPage::showTotal()
-{
-    const QStringList folders = files::subFolders(directory());
-    const auto hasConfig = [&](const QString &folder) {
-        return files::exists(paths::join(directory(), folder) + u"\\aircraft.cfg"_s);
-    };
-    const bool combat = blind_to_case::lower(directory()).contains("combat"_L1);
-    const qsizetype total =
-        combat ? std::count_if(folders.begin(), folders.end(), hasConfig) : folders.size();
-    ui->Tab3Label2->setText(totalCaption + QString::number(total));
-}
-
 void ConfigEditorPage::Tab3LoadList()
 {
     const WaitPointer pointer;
     m_services.errors.run(u"Tab3LoadList Error"_s, [this] {
         AircraftCatalogue catalogue;
+        showCatalogue(catalogue);
+        ui->Tab3Label2->setText(totalCaption);
         showLoading(true);
         const auto show = qScopeGuard([&] {
             showCatalogue(catalogue);
@@ -193,12 +170,18 @@ void ConfigEditorPage::readCatalogue(AircraftCatalogue &catalogue)
 {
     Step step(m_state.ErrMsg);
     step.set(u"Loop through Aircraft Directories"_s);
-    const QString directory = ui->Tab3Dir1->path();
-    const AircraftRoot root = aircraft_catalogue::rootOf(directory);
-    AircraftFolders::Walk walk = m_services.aircraftFolders.walk(directory, Content::Editor);
+    const AircraftRoot root = aircraft_catalogue::rootOf(directory());
+    AircraftFolders::Walk walk = m_services.aircraftFolders.walk(directory(), Content::Editor);
+    const auto showTotal = qScopeGuard([&] {
+        // A directory of the combat simulator holds folders that are no aircraft.
+        const bool combat = blind_to_case::lower(directory()).contains("combat"_L1);
+        const qsizetype total = combat ? catalogue.folders.size() : walk.count();
+        ui->Tab3Label2->setText(totalCaption + QString::number(total));
+    });
     Progress progress(ui->loadingBar, walk.count());
     while (const AircraftFolder *folder = walk.next(step)) {
         progress.show(walk.index());
+        step.set(u"Get Aircraft Name"_s);
         m_services.errors.run(u"Tab3CheckFile Error"_s,
                               [&](Step &own) { catalogue.take(*folder, root, own); });
         if (!folder->cfgFile.isEmpty()) {
@@ -301,7 +284,7 @@ void ConfigEditorPage::askForChanges()
     }
     const QString selected = ui->Tab3List4->text(ui->Tab3List3->listIndex());
     ui->Tab3Dir1->refresh(); // aircraft installed since the folder was opened count too
-    listAircraft();
+    Tab3LoadList();
     ui->Tab3List3->setListIndex(static_cast<int>(ui->Tab3List4->items().indexOf(selected)));
     Q_EMIT aircraftEdited();
 }
@@ -334,8 +317,13 @@ void ConfigEditorPage::DumpListing(Step &step)
     step.set(u"Opening "_s + file);
     // Without a listing to view the box is ready to be ticked again.
     auto untick = qScopeGuard([this] { ui->Tab3chkDumpList->setChecked(false); });
-    files::writeAll(file, listing_dump::compose(ui->Tab3List7->items(), m_services.clock.now(),
-                                                QLocale::system()));
+    QStringList entries;
+    for (int i = 0; i < ui->Tab3List7->count(); ++i) {
+        ui->Tab3List7->setListIndex(i);
+        entries += ui->Tab3List7->text(i);
+    }
+    files::writeAll(file,
+                    listing_dump::compose(entries, m_services.clock.now(), QLocale::system()));
     m_services.log.write(u"Dump Completed"_s);
     const MessageBox::Answer answer = m_services.dialogs.show(
         {.prompt = u"Current Aircraft listing has been saved to: \r\r"_s + file +

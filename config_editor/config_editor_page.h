@@ -70,10 +70,8 @@ private:
     // The steps of the handlers.
     void openFolder(const QString &folder);
     bool takeFolder();
-    void listAircraft();
     void readCatalogue(AircraftCatalogue &catalogue);
     void showCatalogue(const AircraftCatalogue &catalogue);
-    void showTotal();
     void showLoading(bool loading);
     void setEditingEnabled(bool enabled);
     bool openPanelCfg(const QString &cfgFile, const QString &panel, Step &step);

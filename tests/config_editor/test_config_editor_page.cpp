@@ -100,6 +100,7 @@ private Q_SLOTS:
     void combatDirectoryCountsFoldersWithAConfigurationOnly();
     void emptyDirectoryHidesTheEditing();
     void loadingIsTraced();
+    void loadingThatFailsIsReportedWithItsStep();
     void driveLeadsTheFolderPicker();
     void selectionIsTheSameInTheHiddenLists();
     void aircraftCfgIsOpenedAndAskedAbout();
@@ -115,6 +116,7 @@ private Q_SLOTS:
     void withoutAliasThePanelIsOpenedAtOnce();
     void panelThatCannotBeReadIsReported();
     void changedFileReloadsTheListAndKeepsTheAircraft();
+    void directoryThatIsGoneAfterAChangeIsReportedByTheLoading();
     void neitherOptionAsksAboutTheLastFile();
     void withoutAnAircraftNothingIsOpened();
     void promptIsNoAircraft();
@@ -122,6 +124,7 @@ private Q_SLOTS:
     void notepadTakesAnyNameAsOneArgument_data();
     void notepadTakesAnyNameAsOneArgument();
     void dumpWritesTheListingAndOffersIt();
+    void dumpSelectsEachEntryAsItIsWritten();
     void dumpWithNoAircraftListedHasHeadingsRuleAndTitle();
     void viewedListingLeavesTheBoxTicked();
     void readOnlyListingIsReportedAndStaysAsItWas();
@@ -304,6 +307,25 @@ void TestConfigEditorPage::loadingIsTraced()
     editor.start();
     QCOMPARE(editor.traced(), (QStringList{"Editor Path is C:\\FS9\\Aircraft",
                                            "Adding Aircraft b58", "Adding Aircraft c172"}));
+}
+
+void TestConfigEditorPage::loadingThatFailsIsReportedWithItsStep()
+{
+    Editor editor;
+    for (const char *folder : {"a", "b", "c"}) {
+        editor.add(folder);
+    }
+    const OrdinaryUser user(editor.sandbox);
+    QFile::setPermissions(editor.sandbox.host("C:\\FS9\\Aircraft\\a\\aircraft.cfg"), {});
+    QFile::setPermissions(editor.sandbox.host("C:\\FS9\\Aircraft\\c"), {});
+    editor.start();
+    QCOMPARE(editor.messages(),
+             (QStringList{"Exclamation, Tab3CheckFile Error: Error  75 Path/File access error\r"
+                          "Opening C:\\FS9\\Aircraft\\a\\aircraft.cfg",
+                          "Exclamation, Tab3LoadList Error: Error  75 Path/File access error\r"
+                          "Set path to C:\\FS9\\Aircraft\\c"}));
+    QCOMPARE(editor.items("Tab3List3"), QStringList{"M - T - V - b"}); // as far as it came
+    QVERIFY(editor.isShown("Tab3List3"));
 }
 
 void TestConfigEditorPage::driveLeadsTheFolderPicker()
@@ -552,6 +574,28 @@ void TestConfigEditorPage::changedFileReloadsTheListAndKeepsTheAircraft()
     QCOMPARE(edited.count(), 1);
 }
 
+void TestConfigEditorPage::directoryThatIsGoneAfterAChangeIsReportedByTheLoading()
+{
+    Editor editor;
+    editor.add("a");
+    editor.start();
+    editor.select(0);
+    editor.press("Tab3optAircraft");
+    editor.outside.dialogs.answers = {Answer::Yes};
+    editor.outside.dialogs.whileShown = [&] {
+        QDir(editor.sandbox.host("C:\\FS9")).removeRecursively();
+    };
+    editor.press("Tab3cmdedit");
+    QCOMPARE(editor.messages(),
+             (QStringList{changed("C:\\FS9\\Aircraft\\a\\aircraft.cfg"),
+                          "Exclamation, Tab3LoadList Error: Error  76 Path not found\r"
+                          "Loop through Aircraft Directories"}));
+    QCOMPARE(editor.items("Tab3List3"), QStringList());
+    QCOMPARE(editor.label("Tab3Label2"), QString("Total Aircraft: "));
+    QVERIFY(editor.isShown("Tab3List3"));
+    QVERIFY(!editor.isShown("noAircraftLabel"));
+}
+
 void TestConfigEditorPage::neitherOptionAsksAboutTheLastFile()
 {
     Editor editor;
@@ -664,6 +708,22 @@ void TestConfigEditorPage::dumpWritesTheListingAndOffersIt()
                           "Dump Completed"}));
     QVERIFY(!editor.isTicked());
     QCOMPARE(editor.started(), QStringList());
+}
+
+void TestConfigEditorPage::dumpSelectsEachEntryAsItIsWritten()
+{
+    const Editor editor;
+    for (const char *folder : {"a", "b", "c"}) {
+        editor.add(folder);
+    }
+    editor.start();
+    const auto *const list = editor.list("Tab3List7");
+    QList<int> selected;
+    connect(list->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            [&](const QModelIndex &entry) { selected += entry.row(); });
+    editor.press("Tab3chkDumpList");
+    QCOMPARE(selected, (QList<int>{0, 1, 2}));
+    QCOMPARE(editor.list("Tab3List3")->listIndex(), -1); // the user's own selection stays
 }
 
 void TestConfigEditorPage::dumpWithNoAircraftListedHasHeadingsRuleAndTitle()
