@@ -149,9 +149,6 @@ void AircraftLoaderPage::Tab0List3_DblClick()
 void AircraftLoaderPage::cmdAddAI_Click()
 {
     const Step handler(m_state.ErrMsg);
-    m_services.log.write(u"Backing up "_s + m_state.AircraftTextDir);
-    m_services.errors.run(u"Backup Error"_s,
-                          [this](Step &step) { DoBackup(m_state.AircraftTextDir, step); });
     try {
         addChecked();
     } catch (const RuntimeError &error) {
@@ -173,6 +170,10 @@ void AircraftLoaderPage::cmdAddAI_Click()
 
 void AircraftLoaderPage::addChecked()
 {
+    const files::Lock lock(m_state.AircraftTextDir); // no other copy numbers on meanwhile
+    m_services.log.write(u"Backing up "_s + m_state.AircraftTextDir);
+    m_services.errors.run(u"Backup Error"_s,
+                          [this](Step &step) { DoBackup(m_state.AircraftTextDir, step); });
     Step step(m_state.ErrMsg);
     followTextFile(step);
     Repaint repaint;
@@ -193,6 +194,9 @@ void AircraftLoaderPage::addChecked()
             append(lines, !added.any(), step);
             added.written();
         }
+    }
+    if (added.any()) {
+        files::sync(m_state.AircraftTextDir);
     }
     tidy.dismiss(); // the lists are about to be rebuilt
 }

@@ -9,6 +9,9 @@
 #include <QSignalSpy>
 #include <QtTest>
 
+#include <cerrno>
+#include <functional>
+
 namespace
 {
 
@@ -44,13 +47,23 @@ struct AddingPage : AircraftLoaderDriver {
     }
 };
 
+std::function<int()> onSync; ///< in the place of the system's
+
 } // namespace
+
+extern "C" int fsync(int /*descriptor*/)
+{
+    return onSync ? onSync() : 0;
+}
 
 class TestAddingAircraft : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
+
+    void cleanup() { onSync = nullptr; }
+
     void threeAircraftAfterNumber9Are10To12InListOrderBelowOneComment();
     void addingToAnEmptyFileStartsAt1AndMakesNoBackup();
     void numberFollowsTheLastLineNotTheLargest();
@@ -79,6 +92,8 @@ private Q_SLOTS:
     void fullDiskIsReported();
     void diskThatFillsUpHalfWayKeepsWhatWasAddedBefore();
     void whatFailedHalfWayIsTriedAgainWithoutWhatIsWritten();
+    void additionIsSyncedOnceBeforeItIsToldDone();
+    void diskThatDoesNotTakeItIsReported();
     void failureLeavesTicksAndFocusForAnotherTry();
     void numbersFollowTheFileAsItIsNow();
     void ticksOfWhatTheFileHoldsNowAreDropped();
@@ -435,6 +450,39 @@ void TestAddingAircraft::whatFailedHalfWayIsTriedAgainWithoutWhatIsWritten()
                                        "AC#2,477,\"Charlie\"\r\n"
                                        "AC#3,477,\"Delta\"\r\n");
     QCOMPARE(user.available(), QStringList{"Bravo 477"});
+}
+
+void TestAddingAircraft::additionIsSyncedOnceBeforeItIsToldDone()
+{
+    AddingPage user("");
+    int syncs = 0;
+    int syncsThen = -1;
+    onSync = [&] {
+        ++syncs;
+        return 0;
+    };
+    user.outside.dialogs.whileShown = [&] { syncsThen = syncs; };
+    user.add({0, 1});
+    QCOMPARE(syncsThen, 1);
+    QCOMPARE(syncs, 1);
+}
+
+void TestAddingAircraft::diskThatDoesNotTakeItIsReported()
+{
+    AddingPage user("");
+    onSync = [] {
+        errno = EIO;
+        return -1;
+    };
+    const QSignalSpy added(user.window.get(), &AircraftLoaderPage::aircraftAdded);
+    user.add({0, 2});
+    QCOMPARE(user.messages(),
+             QStringList{"Critical, Add AI Error: " + appendStep + "\rError  57 Device I/O error"});
+    QCOMPARE(added.count(), 0);
+    QCOMPARE(user.available(), (QStringList{"Bravo 477", "Delta 477"})); // the others are written
+    QCOMPARE(user.existing().size(), 2);
+    QCOMPARE(user.ticked(), QStringList());
+    QVERIFY(!user.isEnabled("cmdAddAI"));
 }
 
 void TestAddingAircraft::failureLeavesTicksAndFocusForAnotherTry()

@@ -8,7 +8,12 @@
 #include <QFile>
 #include <QtTest>
 
+#include <cerrno>
 #include <functional>
+#include <optional>
+
+#include <sys/syscall.h>
+#include <unistd.h>
 
 namespace
 {
@@ -53,7 +58,20 @@ struct Aircraft {
     }
 };
 
+std::optional<int> readsLeft; ///< before reading fails
+
 } // namespace
+
+/// Stands before the system's.
+extern "C" ssize_t read(int descriptor, void *bytes, std::size_t size)
+{
+    if (readsLeft && (*readsLeft)-- <= 0) {
+        readsLeft = 1; // the file is opened once more
+        errno = EIO;
+        return -1;
+    }
+    return ::syscall(SYS_read, descriptor, bytes, size);
+}
 
 class TestAircraftFolders : public QObject
 {
@@ -68,6 +86,7 @@ private Q_SLOTS:
     void directoryThatIsGoneCannotBeWalked();
     void stepsNameTheFolderAndItsFile();
     void failuresToOpenAndToReadAreToldApart();
+    void fileThatBreaksOffGivesTheLineReadLast();
     void rememberedWalkSeesWhatTheFirstOneSaw();
     void rememberedFoldersComeWithTheirSteps();
     void nothingIsRememberedUnlessWanted();
@@ -171,6 +190,22 @@ void TestAircraftFolders::failuresToOpenAndToReadAreToldApart()
     QCOMPARE(notRead.traffic.failure->description(), QString("Device I/O error"));
     QCOMPARE(notRead.editor.failure->description(), QString("Device I/O error"));
     QVERIFY(!walk.next(steps.step));
+}
+
+void TestAircraftFolders::fileThatBreaksOffGivesTheLineReadLast()
+{
+    const Aircraft aircraft;
+    aircraft.sandbox.write(directory + "\\A\\aircraft.cfg",
+                           "title=Baron\r\nui_type=T" + QByteArray(100'000, 'x'));
+    AircraftFolders folders;
+    Steps steps;
+    AircraftFolders::Walk walk = folders.walk(directory, Content::Editor);
+    readsLeft = 1;
+    const AircraftFolder seen = *walk.next(steps.step);
+    readsLeft.reset();
+    QCOMPARE(seen.editor.failure->description(), QString("Device I/O error"));
+    QVERIFY(seen.editor.lastLine.value_or(QString()).startsWith("ui_type=Txxx"));
+    QCOMPARE(seen.editor.displayName, QString());
 }
 
 void TestAircraftFolders::rememberedWalkSeesWhatTheFirstOneSaw()
