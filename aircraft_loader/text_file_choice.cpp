@@ -97,13 +97,13 @@ void TextFileChoice::cmdEdit_Click()
     if (m_services.state.ended) {
         return;
     }
-    const MessageBox::Answer answer =
-        m_services.dialogs.show({.prompt = u"Have you made changes to the "_s +
-                                           m_services.state.AircraftTextDir + u" file? "_s,
-                                 .title = u"Edit Aircraft Text File"_s,
-                                 .icon = MessageBox::Icon::Information,
-                                 .buttons = MessageBox::Buttons::YesNo,
-                                 .defaultButton = MessageBox::Answer::No});
+    const MessageBox::Answer answer = m_services.dialogs.show(
+        {.prompt = u"Have you made changes to the "_s +
+                   cutForMessage(m_services.state.AircraftTextDir, twoPaths) + u" file? "_s,
+         .title = u"Edit Aircraft Text File"_s,
+         .icon = MessageBox::Icon::Information,
+         .buttons = MessageBox::Buttons::YesNo,
+         .defaultButton = MessageBox::Answer::No});
     if (answer == MessageBox::Answer::Yes) {
         Q_EMIT edited();
     }

@@ -2,6 +2,7 @@
 #include "config_editor/config_editor_page.h"
 
 #include "app/services/fs_location.h"
+#include "app/services/path_display.h"
 #include "app/services/services.h"
 #include "config_editor/listing_dump.h"
 #include "config_editor/panel_cfg.h"
@@ -274,11 +275,12 @@ bool ConfigEditorPage::openPanelCfg(const QString &cfgFile, const QString &panel
 
 void ConfigEditorPage::askForChanges()
 {
-    const MessageBox::Answer answer = m_services.dialogs.show(
-        {.prompt = u"Have you made changes to "_s + m_editPath + u" file?"_s,
-         .title = u"Edit Function"_s,
-         .buttons = MessageBox::Buttons::YesNo,
-         .defaultButton = MessageBox::Answer::No});
+    const MessageBox::Answer answer =
+        m_services.dialogs.show({.prompt = u"Have you made changes to "_s +
+                                           cutForMessage(m_editPath, twoPaths) + u" file?"_s,
+                                 .title = u"Edit Function"_s,
+                                 .buttons = MessageBox::Buttons::YesNo,
+                                 .defaultButton = MessageBox::Answer::No});
     if (answer != MessageBox::Answer::Yes) {
         return;
     }

@@ -10,10 +10,11 @@ inline QString shortenedPath(const QString &path, qsizetype limit)
     return path.size() <= limit ? path : QLatin1StringView("...") + path.last(limit);
 }
 
-/// A value of any file as it is when it has at most 200 characters, else the first of them and
-/// "...".
-inline QString cutForMessage(const QString &value)
+constexpr qsizetype twoPaths = 600; ///< characters of them, and of the words around
+
+/// A value of any file as it is when it has at most `longest` characters, else the first 200 of them
+/// and "...".
+inline QString cutForMessage(const QString &value, qsizetype longest = 200)
 {
-    constexpr qsizetype limit = 200;
-    return value.size() <= limit ? value : value.first(limit) + QLatin1StringView("...");
+    return value.size() <= longest ? value : value.first(200) + QLatin1StringView("...");
 }

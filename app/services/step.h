@@ -28,11 +28,7 @@ public:
     Step &operator=(const Step &) = delete;
 
     /// What is about to be done now. A text of more than two whole paths is cut.
-    void set(const QString &text)
-    {
-        constexpr qsizetype longest = 600;
-        m_text = text.size() <= longest ? text : cutForMessage(text);
-    }
+    void set(const QString &text) { m_text = cutForMessage(text, twoPaths); }
 
 private:
     QString &m_text;

@@ -112,6 +112,8 @@ private Q_SLOTS:
     void aliasUnderRotorcraftHasNoSeparator();
     void noToBothAliasQuestionsGoesOnSuppressing();
     void questionsOfAnAliasAreWordedSo();
+    void longAliasIsCutInTheQuestions_data();
+    void longAliasIsCutInTheQuestions();
     void withoutAliasThePanelIsOpenedAtOnce_data();
     void withoutAliasThePanelIsOpenedAtOnce();
     void panelThatCannotBeReadIsReported();
@@ -512,6 +514,37 @@ void TestConfigEditorPage::questionsOfAnAliasAreWordedSo()
                           "Do you want to edit the aliased Panel?",
                           "Information, Original Panel: Do you want to edit this non-aliased "
                           "Panel?\r\rC:\\FS9\\Aircraft\\a\\Panel\\panel.cfg"}));
+}
+
+void TestConfigEditorPage::longAliasIsCutInTheQuestions_data()
+{
+    QTest::addColumn<int>("length");
+    QTest::addColumn<QString>("alias");
+    QTest::addColumn<QString>("question");
+    const QString root = "C:\\FS9\\Aircraft\\";
+    QTest::newRow("short") << 200 << QString(200, 'x')
+                           << changed(root + QString(200, 'x') + "\\panel.cfg");
+    QTest::newRow("one more") << 201 << QString(200, 'x') + "..."
+                              << changed(root + QString(201, 'x') + "\\panel.cfg");
+    QTest::newRow("10 MB") << 10'000'000 << QString(200, 'x') + "..."
+                           << changed(root + QString(200 - root.size(), 'x') + "...");
+}
+
+void TestConfigEditorPage::longAliasIsCutInTheQuestions()
+{
+    QFETCH(int, length);
+    QFETCH(QString, alias);
+    QFETCH(QString, question);
+    Editor editor;
+    editor.add("a");
+    editor.addPanel("a\\panel", "alias=" + QByteArray(length, 'x') + "\r\n");
+    editor.start();
+    editor.outside.dialogs.answers = {Answer::Yes};
+    editor.editPanelOf(0);
+    QCOMPARE(editor.messages(),
+             (QStringList{"Information, Aliased Panel: This Panel is Aiased to " + alias +
+                              "\r\rDo you want to edit the aliased Panel?",
+                          question}));
 }
 
 void TestConfigEditorPage::withoutAliasThePanelIsOpenedAtOnce_data()
