@@ -56,6 +56,7 @@ private Q_SLOTS:
     void loadListChangesTheTooltips();
     void clearListsResetsEverything();
     void listsAreHiddenWhileTheyAreFilled();
+    void barMovesWhileTheListsAreFilled();
     void pointerIsTheHourglassWhileTheListsAreFilled();
     void loadingIsTraced();
     void commentsAreNotListed();
@@ -98,6 +99,7 @@ private Q_SLOTS:
     void checkNoneUnticksEverythingAndDisablesAddAircraft();
     void optionsWorkByKeyboardToo();
     void listsAreHiddenWhileTheirEntriesAreTicked();
+    void barMovesWhileEntriesAreTicked();
     void optionsShowTheListsAgain();
     void doubleClickOnAnExistingAircraftOpensTheTextFile();
     void doubleClickDoesNothingWhileEditIsDisabled();
@@ -271,6 +273,22 @@ void TestAircraftLoaderPage::listsAreHiddenWhileTheyAreFilled()
     }
     QVERIFY(!user.isShown("Tab0Label9"));
     QVERIFY(!user.isShown("ProgressBar1"));
+}
+
+void TestAircraftLoaderPage::barMovesWhileTheListsAreFilled()
+{
+    AircraftLoaderDriver user;
+    for (const char *folder : {"A", "B", "C"}) {
+        user.writeCfg(folder, "[fltsim.0]"); // the message of each is shown half way
+    }
+    user.writeTextFile(anyTextFile);
+    QList<int> values;
+    user.outside.dialogs.whileShown = [&] {
+        values += user.find<QProgressBar>("ProgressBar1")->value();
+        QTest::qSleep(40); // the bar moves about 30 times a second
+    };
+    user.start();
+    QCOMPARE(values, (QList<int>{0, 1, 2}));
 }
 
 void TestAircraftLoaderPage::pointerIsTheHourglassWhileTheListsAreFilled()
@@ -807,6 +825,22 @@ void TestAircraftLoaderPage::listsAreHiddenWhileTheirEntriesAreTicked()
         QCOMPARE(shown, (QStringList{"Tab0Label9", "ProgressBar1"}));
         QCOMPARE(maximum, 3);
     }
+}
+
+void TestAircraftLoaderPage::barMovesWhileEntriesAreTicked()
+{
+    AircraftLoaderDriver user;
+    for (int folder = 0; folder < 8; ++folder) {
+        user.addAircraft(QString::number(folder), QList<QByteArray>(1500, "Much"), "477");
+    }
+    user.writeTextFile("");
+    user.start();
+    QSignalSpy values(user.find<QProgressBar>("ProgressBar1"), &QProgressBar::valueChanged);
+    QObject::connect(user.find<ListBox>("Tab0List2")->model(), &QAbstractItemModel::dataChanged,
+                     user.window.get(), [] { QTest::qSleep(40); });
+    user.press("optAll");
+    QCOMPARE(values, (QList<QVariantList>{{5000}, {10000}, {0}}));
+    QCOMPARE(user.ticked().size(), 12000);
 }
 
 void TestAircraftLoaderPage::optionsShowTheListsAgain()

@@ -13,6 +13,7 @@
 #include <QDir>
 #include <QFile>
 #include <QLabel>
+#include <QProgressBar>
 #include <QSignalSpy>
 #include <QtTest>
 
@@ -101,7 +102,9 @@ private Q_SLOTS:
     void emptyDirectoryHidesTheEditing();
     void loadingIsTraced();
     void loadingThatFailsIsReportedWithItsStep();
+    void loadingIsShownInPlaceOfTheList();
     void driveLeadsTheFolderPicker();
+    void driveThatIsNotReadyIsTakenBack();
     void selectionIsTheSameInTheHiddenLists();
     void aircraftCfgIsOpenedAndAskedAbout();
     void panelValueLeadsToItsOwnPanelFolder();
@@ -291,10 +294,15 @@ void TestConfigEditorPage::emptyDirectoryHidesTheEditing()
     for (const char *name : {"Tab3optAircraft", "Tab3optPanel", "Tab3cmdedit"}) {
         QVERIFY(!editor.isShown(name));
     }
+    QVERIFY(editor.isShown("noAircraftLabel"));
+    QCOMPARE(editor.label("noAircraftLabel"), QString("This directory holds no aircraft"));
+    QCOMPARE(editor.toolTip("Tab3Label2"), QString());
     editor.sandbox.makeFolder("C:\\Other\\Aircraft");
     editor.sandbox.write("C:\\Other\\Aircraft\\x\\aircraft.cfg", "");
     editor.window->showDirectory("C:\\Other\\Aircraft");
     QCOMPARE(editor.items("Tab3List2"), QStringList{"x"});
+    QVERIFY(!editor.isShown("noAircraftLabel"));
+    QCOMPARE(editor.toolTip("Tab3Label2"), QString(" No Aircraft Have Force Feedback "));
     for (const char *name : {"Tab3optAircraft", "Tab3optPanel", "Tab3cmdedit"}) {
         QVERIFY(editor.isShown(name));
     }
@@ -328,6 +336,52 @@ void TestConfigEditorPage::loadingThatFailsIsReportedWithItsStep()
                           "Set path to C:\\FS9\\Aircraft\\c"}));
     QCOMPARE(editor.items("Tab3List3"), QStringList{"M - T - V - b"}); // as far as it came
     QVERIFY(editor.isShown("Tab3List3"));
+}
+
+void TestConfigEditorPage::loadingIsShownInPlaceOfTheList()
+{
+    Editor editor;
+    const OrdinaryUser user(editor.sandbox);
+    for (const char *folder : {"a", "b", "c"}) { // the message of each is shown half way
+        editor.add(folder);
+        QFile::setPermissions(
+            editor.sandbox.host(editor.directory + '\\' + folder + "\\aircraft.cfg"), {});
+    }
+    const auto *const bar = editor.find<QProgressBar>("loadingBar");
+    QStringList shown;
+    editor.outside.dialogs.whileShown = [&] {
+        for (const char *name : {"loadingLabel", "loadingBar", "Tab3List3"}) {
+            shown += editor.isShown(name) ? name : "";
+        }
+        shown += QStringLiteral("%1 of %2").arg(bar->value()).arg(bar->maximum());
+        QTest::qSleep(40); // the bar moves about 30 times a second
+    };
+    editor.start();
+    QCOMPARE(shown,
+             (QStringList{"loadingLabel", "loadingBar", "", "0 of 3", "loadingLabel", "loadingBar",
+                          "", "1 of 3", "loadingLabel", "loadingBar", "", "2 of 3"}));
+    QCOMPARE(editor.label("loadingLabel"), QString("Loading...."));
+    QVERIFY(!editor.isShown("loadingLabel"));
+    QVERIFY(!editor.isShown("loadingBar"));
+    QVERIFY(editor.isShown("Tab3List3"));
+}
+
+void TestConfigEditorPage::driveThatIsNotReadyIsTakenBack()
+{
+    Editor editor;
+    QVERIFY(
+        QFile::link(editor.sandbox.host("C:\\Gone"), editor.sandbox.prefix() + "/dosdevices/d:"));
+    editor.sandbox.makeFolder("C:\\Gone");
+    editor.window = std::make_unique<ConfigEditorPage>(editor.services);
+    editor.window->show();
+    editor.start();
+    QVERIFY(QDir(editor.sandbox.host("C:\\Gone")).removeRecursively());
+    QTest::keyClick(editor.find<DriveListBox>("Tab3Drive1"), Qt::Key_Down);
+    QCOMPARE(editor.messages(),
+             QStringList{"Exclamation, Directory Select Error: Error  68 Device unavailable\r"
+                         "Set path to d:"});
+    QCOMPARE(editor.window->drive(), QString("c:"));
+    QCOMPARE(editor.window->directory(), editor.directory);
 }
 
 void TestConfigEditorPage::driveLeadsTheFolderPicker()
@@ -833,7 +887,9 @@ void TestConfigEditorPage::varloIsALinkWhenInstalled()
     QCOMPARE(label->text(), QString("Varlo"));
     QCOMPARE(label->focusPolicy(), Qt::NoFocus);
     QVERIFY(label->testAttribute(Qt::WA_TransparentForMouseEvents));
+    QCOMPARE(label->foregroundRole(), QPalette::WindowText);
     editor.window->offerVarlo(true);
+    QCOMPARE(label->foregroundRole(), QPalette::Link);
     QCOMPARE(label->focusPolicy(), Qt::TabFocus);
     QVERIFY(!label->testAttribute(Qt::WA_TransparentForMouseEvents));
     QTest::mouseClick(label, Qt::LeftButton);

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/controls/list_box.h"
 
+#include <QLineEdit>
 #include <QRandomGenerator>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QtTest>
 
@@ -88,6 +90,8 @@ private Q_SLOTS:
     void markStandsOutOnADarkList();
     void entryOfTenMegabytesIsKeptAndShownInPart();
     void everyEntryIsAsWideAsTheLongest();
+    void longEntryCanBeScrolledIntoSight();
+    void noEntryIsEditedInPlace();
     void filterShowsTheEntriesWithAllWords_data();
     void filterShowsTheEntriesWithAllWords();
     void indicesMeanTheEntryWhateverIsShown();
@@ -358,6 +362,36 @@ void TestListBox::everyEntryIsAsWideAsTheLongest()
     QCOMPARE(width(), before);
     shown.list.setItems({"one"});
     QVERIFY(width() < before);
+}
+
+void TestListBox::longEntryCanBeScrolledIntoSight()
+{
+    ShownList shown;
+    QCOMPARE(shown.list.horizontalScrollBar()->maximum(), 0);
+    const QString text(200, 'w');
+    shown.list.setItems({"one", text, "three"}); // neither the first nor the last
+    QCoreApplication::processEvents(); // lists are laid out when they are next painted
+    const int width = shown.list.fontMetrics().horizontalAdvance(text);
+    QVERIFY(shown.list.horizontalScrollBar()->maximum() + shown.list.viewport()->width() >= width);
+    QCOMPARE(shown.list.horizontalScrollMode(), QAbstractItemView::ScrollPerPixel);
+    QCOMPARE(shown.list.textElideMode(), Qt::ElideNone); // what is cut off needs no dots
+}
+
+void TestListBox::noEntryIsEditedInPlace()
+{
+    for (const bool checkBoxes : {false, true}) {
+        ShownList shown(checkBoxes);
+        shown.list.setFocus();
+        shown.list.setListIndex(1);
+        QVERIFY(!(shown.index(1).flags() & Qt::ItemIsEditable));
+        QCOMPARE(shown.list.editTriggers(), QAbstractItemView::NoEditTriggers);
+        QVERIFY(!shown.list.model()->setData(shown.index(1), "other", Qt::EditRole));
+        QTest::keyClick(&shown.list, Qt::Key_F2);
+        QTest::keyClicks(&shown.list, "x");
+        QTest::mouseDClick(shown.list.viewport(), Qt::LeftButton, {}, shown.beside(1));
+        QVERIFY(shown.list.findChildren<QLineEdit *>().isEmpty());
+        QCOMPARE(shown.list.text(1), QString("two <b>"));
+    }
 }
 
 void TestListBox::filterShowsTheEntriesWithAllWords_data()

@@ -9,6 +9,8 @@
 
 #include <QDir>
 #include <QFile>
+#include <QLineEdit>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QtTest>
 
@@ -74,6 +76,8 @@ private Q_SLOTS:
     void pathThatIsNoneIsRefusedAndTheOldOneStays_data();
     void pathThatIsNoneIsRefusedAndTheOldOneStays();
     void refreshShowsWhatCameSince();
+    void noFolderIsRenamedInPlace();
+    void longFolderNameCanBeScrolledIntoSight();
 
     void drivesAreShownLetterFirst();
     void driveIsShownByTheFirstLetter_data();
@@ -212,6 +216,29 @@ void TestListBoxes::refreshShowsWhatCameSince()
     folders.sandbox.makeFolder("C:\\FS9\\Effects");
     folders.list.refresh();
     QCOMPARE(folders.shown(), (QStringList{"C:\\", "FS9", "Aircraft", "Effects", "Scenery"}));
+}
+
+void TestListBoxes::noFolderIsRenamedInPlace()
+{
+    ShownFolders folders;
+    folders.list.setFocus();
+    folders.list.setCurrentIndex(folders.index("Aircraft"));
+    QVERIFY(!(folders.index("Aircraft").flags() & Qt::ItemIsEditable));
+    QCOMPARE(folders.list.editTriggers(), QAbstractItemView::NoEditTriggers);
+    QTest::keyClick(&folders.list, Qt::Key_F2);
+    QVERIFY(folders.list.findChildren<QLineEdit *>().isEmpty());
+}
+
+void TestListBoxes::longFolderNameCanBeScrolledIntoSight()
+{
+    ShownFolders folders;
+    const QString name(200, 'a'); // neither the first folder nor the last
+    folders.sandbox.makeFolder("C:\\FS9\\" + name);
+    folders.list.refresh();
+    QCoreApplication::processEvents(); // lists are laid out when they are next painted
+    const int width = folders.list.fontMetrics().horizontalAdvance(name);
+    QVERIFY(folders.list.horizontalScrollBar()->maximum() + folders.list.viewport()->width() >
+            width);
 }
 
 void TestListBoxes::drivesAreShownLetterFirst()
