@@ -370,7 +370,7 @@ void TestListBox::longEntryCanBeScrolledIntoSight()
     QCOMPARE(shown.list.horizontalScrollBar()->maximum(), 0);
     const QString text(200, 'w');
     shown.list.setItems({"one", text, "three"}); // neither the first nor the last
-    QCoreApplication::processEvents(); // lists are laid out when they are next painted
+    QCoreApplication::processEvents();           // lists are laid out when they are next painted
     const int width = shown.list.fontMetrics().horizontalAdvance(text);
     QVERIFY(shown.list.horizontalScrollBar()->maximum() + shown.list.viewport()->width() >= width);
     QCOMPARE(shown.list.horizontalScrollMode(), QAbstractItemView::ScrollPerPixel);
