@@ -152,7 +152,6 @@ void ConfigEditorPage::Tab3LoadList()
     const WaitPointer pointer;
     m_services.errors.run(u"Tab3LoadList Error"_s, [this] {
         AircraftCatalogue catalogue;
-        showCatalogue(catalogue);
         ui->Tab3Label2->setText(totalCaption);
         showLoading(true);
         const auto show = qScopeGuard([&] {

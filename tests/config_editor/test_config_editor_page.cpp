@@ -5,6 +5,7 @@
 #include "app/services/link_label.h"
 #include "platform/controls/dir_list_box.h"
 #include "platform/controls/drive_list_box.h"
+#include "platform/controls/file_list_box.h"
 #include "platform/controls/list_box.h"
 #include "tests/support/failure.h"
 #include "tests/support/page_driver.h"
@@ -208,6 +209,7 @@ void TestConfigEditorPage::otherDirectoryAsksForOneAndDisablesEditAndDump()
     editor.choose("C:\\FS9");
     QCOMPARE(editor.items("Tab3List3"), QStringList{prompt});
     QCOMPARE(editor.items("Tab3List7"), QStringList());
+    QCOMPARE(editor.label("Tab3Label2"), QString("Total Aircraft: "));
     QVERIFY(editor.isShown("Tab3cmdedit")); // no word on what the directory holds
     QVERIFY(!editor.isEnabled("Tab3cmdedit"));
     QVERIFY(!editor.isEnabled("Tab3chkDumpList"));
@@ -240,6 +242,7 @@ void TestConfigEditorPage::acceptedDirectoryIsListedAndTold()
     QCOMPARE(chosen.count(), 1);
     QCOMPARE(chosen[0][0].toString(), directory);
     QCOMPARE(editor.items("Tab3List3"), QStringList{"M - T - V - b58"});
+    QCOMPARE(editor.find<FileListBox>("Tab3File1")->path(), directory);
     QCOMPARE(editor.items("Tab3List7"),
              QStringList{"M - T - V - b58" + QString(60, ' ') + "  \\" + folderText});
     QCOMPARE(editor.label("Tab3Label2"), QString("Total Aircraft: 2"));
@@ -291,6 +294,7 @@ void TestConfigEditorPage::emptyDirectoryHidesTheEditing()
     const Editor editor;
     editor.start();
     QCOMPARE(editor.items("Tab3List2"), QStringList{"All Aircraft Have Force Feedback"});
+    QCOMPARE(editor.list("Tab3List2")->listIndex(), 0);
     for (const char *name : {"Tab3optAircraft", "Tab3optPanel", "Tab3cmdedit"}) {
         QVERIFY(!editor.isShown(name));
     }
@@ -301,6 +305,7 @@ void TestConfigEditorPage::emptyDirectoryHidesTheEditing()
     editor.sandbox.write("C:\\Other\\Aircraft\\x\\aircraft.cfg", "");
     editor.window->showDirectory("C:\\Other\\Aircraft");
     QCOMPARE(editor.items("Tab3List2"), QStringList{"x"});
+    QCOMPARE(editor.list("Tab3List2")->listIndex(), -1);
     QVERIFY(!editor.isShown("noAircraftLabel"));
     QCOMPARE(editor.toolTip("Tab3Label2"), QString(" No Aircraft Have Force Feedback "));
     for (const char *name : {"Tab3optAircraft", "Tab3optPanel", "Tab3cmdedit"}) {
@@ -406,7 +411,8 @@ void TestConfigEditorPage::selectionIsTheSameInTheHiddenLists()
     editor.add("a");
     editor.add("b");
     editor.start();
-    editor.window->selectFirstEntry();
+    editor.window->showFirstAircraft(); // as at start-up
+    QCOMPARE(editor.list("Tab3List3")->listIndex(), 0);
     editor.select(1);
     for (const char *name : {"Tab3List4", "Tab3List5", "Tab3List6", "Tab3List7"}) {
         QCOMPARE(editor.list(name)->listIndex(), 1);
@@ -711,8 +717,10 @@ void TestConfigEditorPage::promptIsNoAircraft()
     Editor editor;
     editor.sandbox.write("C:\\FS9\\Aircraft\\x\\aircraft.cfg", "");
     editor.start();
+    QVERIFY(editor.isEnabled("Tab3chkDumpList"));
     editor.window->showFirstAircraft(); // as at start-up, when nothing is listed
     QCOMPARE(editor.items("Tab3List3"), QStringList{prompt});
+    QVERIFY(!editor.isEnabled("Tab3chkDumpList"));
     editor.editPanelOf(0);
     QCOMPARE(editor.messages(),
              QStringList{"Information, Config Editor: Please select an Aircraft to edit!"});
@@ -762,11 +770,12 @@ void TestConfigEditorPage::notepadTakesAnyNameAsOneArgument()
         SystemProcesses processes(notepadSubstitutes());
         const auto process = processes.start(editor.outside.processes.started.takeFirst(), 1);
         QTRY_COMPARE(process->exitCode(), 0);
-        QString seen = QString::fromUtf8(editor.sandbox.read("C:\\Morlen\\seen"));
+        const QString workedIn = file.first(file.lastIndexOf('\\') + 1);
+        QString seen = QString::fromUtf8(editor.sandbox.read(workedIn + "seen"));
         seen.replace("dosdevices/c:", "drive_c");
         QCOMPARE(seen, "1|" + editor.sandbox.host(file));
+        QVERIFY(!editor.sandbox.exists(workedIn + "x"));
     }
-    QVERIFY(!editor.sandbox.exists("C:\\Morlen\\x"));
 }
 
 void TestConfigEditorPage::dumpWritesTheListingAndOffersIt()
