@@ -189,6 +189,9 @@ void TestHostFiles::permissionsStay()
     QCOMPARE(::chmod(hostName(sandbox, file).constData(), 0664), 0);
     files::copy(file, other);
     QCOMPARE(modeOf(sandbox, other), mode_t{0664});
+    QCOMPARE(::chmod(hostName(sandbox, file).constData(), 0440), 0);
+    files::copy(file, other);
+    QCOMPARE(modeOf(sandbox, other), mode_t{0640}); // or no second copy could replace it
 }
 
 void TestHostFiles::copyReplacesALink()
