@@ -279,7 +279,8 @@ void copy(const QString &from, const QString &to)
     if (::stat(source.constData(), &info) != 0) {
         throwFor(source);
     }
-    if (!replaceByNew(target, bytes, info.st_mode & permissions)) {
+    // The owner may write it, so that the next copy can take its place.
+    if (!replaceByNew(target, bytes, (info.st_mode & permissions) | S_IWUSR)) {
         throw RuntimeError(ErrorNumber::PathFileAccess);
     }
 }

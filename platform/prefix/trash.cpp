@@ -90,13 +90,16 @@ bool moveToTrash(const QString &path)
         const QByteArray info = QFile::encodeName(trash + u"/info/"_s + name + u".trashinfo"_s);
         const QByteArray target = QFile::encodeName(trash + u"/files/"_s + name);
         struct stat taken = {};
+        if (::lstat(target.constData(), &taken) == 0) {
+            continue; // a file of this name was thrown away before
+        }
         Descriptor described(
             ::open(info.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
-        if (described.get() < 0 && errno != EEXIST) {
-            return false;
+        if (described.get() < 0 && errno == EEXIST) {
+            continue;
         }
-        if (described.get() < 0 || ::lstat(target.constData(), &taken) == 0) {
-            continue; // a file of this name was thrown away before
+        if (described.get() < 0) {
+            return false;
         }
         try {
             QByteArrayView rest(note);

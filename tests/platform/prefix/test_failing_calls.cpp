@@ -15,6 +15,7 @@
 #include <utility>
 
 #include <dlfcn.h>
+#include <sys/stat.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
@@ -28,6 +29,7 @@ std::function<ssize_t(int, const void *, std::size_t)> onWrite;
 std::function<ssize_t(int, void *, std::size_t)> onRead;
 std::function<int()> onSync;
 std::function<bool()> onReadFolder; ///< whether the folder breaks off here
+QByteArray staleFile;               ///< the end of a path that nothing is said of
 
 ssize_t systemWrite(int descriptor, const void *bytes, std::size_t size)
 {
@@ -43,6 +45,13 @@ int failing(int error)
 {
     errno = error;
     return -1;
+}
+
+int look(const char *path, struct stat *info, int flags)
+{
+    return !staleFile.isEmpty() && QByteArrayView(path).endsWith(staleFile)
+               ? failing(ESTALE)
+               : static_cast<int>(::syscall(SYS_newfstatat, AT_FDCWD, path, info, flags));
 }
 
 /// Writes one byte, then fails for good.
@@ -95,6 +104,16 @@ int fsync(int descriptor)
     return onSync ? onSync() : static_cast<int>(::syscall(SYS_fsync, descriptor));
 }
 
+int stat(const char *path, struct stat *info) noexcept
+{
+    return look(path, info, 0);
+}
+
+int lstat(const char *path, struct stat *info) noexcept
+{
+    return look(path, info, AT_SYMLINK_NOFOLLOW);
+}
+
 dirent *readdir(DIR *folder)
 {
     static const auto next = reinterpret_cast<dirent *(*)(DIR *)>(::dlsym(RTLD_NEXT, "readdir"));
@@ -122,6 +141,7 @@ private Q_SLOTS:
     void writingInPlaceNeedsTheRoomFirst();
     void failingSyncIsTold();
     void registryThatBreaksOffIsNotWrittenBack();
+    void registryThatNothingIsSaidOfIsNotTakenForMissing();
     void registryThatIsNotFlushedStaysAsItWas();
     void folderThatBreaksOffIsNotAShortOne();
     void fileWithoutAnEndIsRefused();
@@ -133,6 +153,7 @@ void TestFailingCalls::cleanup()
     onRead = nullptr;
     onSync = nullptr;
     onReadFolder = nullptr;
+    staleFile.clear();
 }
 
 void TestFailingCalls::appendThatFailsAfterOneByteIsCutBack_data()
@@ -253,6 +274,21 @@ void TestFailingCalls::registryThatBreaksOffIsNotWrittenBack()
         "57 Device I/O error");
     onRead = nullptr;
     QVERIFY(sandbox.read("C:\\..\\user.reg") == bytes);
+}
+
+void TestFailingCalls::registryThatNothingIsSaidOfIsNotTakenForMissing()
+{
+    const Sandbox sandbox;
+    const QByteArray bytes = longRegistry();
+    sandbox.write("C:\\..\\user.reg", bytes);
+    staleFile = "/user.reg";
+    QCOMPARE(failureOf([] {
+                 systemRegistry()->setValue(RegistryHive::CurrentUser, "K", "A", QString("new"));
+             }),
+             "");
+    staleFile.clear();
+    const QByteArray after = sandbox.read("C:\\..\\user.reg");
+    QVERIFY(after.startsWith(bytes) && after.contains("\"A\"=\"new\""));
 }
 
 void TestFailingCalls::registryThatIsNotFlushedStaysAsItWas()

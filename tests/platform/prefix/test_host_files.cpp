@@ -216,6 +216,9 @@ void TestHostFiles::permissionsStay()
     QCOMPARE(::chmod(hostName(sandbox, file).constData(), 0664), 0);
     files::copy(file, other);
     QCOMPARE(modeOf(sandbox, other), mode_t{0664});
+    QCOMPARE(::chmod(hostName(sandbox, file).constData(), 0440), 0);
+    files::copy(file, other);
+    QCOMPARE(modeOf(sandbox, other), mode_t{0640}); // or no second copy could replace it
 }
 
 void TestHostFiles::copyReplacesALink()
@@ -283,6 +286,14 @@ void TestHostFiles::equalNamesInTheTrashAreToldApart()
     }
     QCOMPARE(trash.files(), (QStringList{"Aircraft.txt", "Aircraft.txt.1"}));
     QCOMPARE(trash.notes(), (QStringList{"Aircraft.txt.1.trashinfo", "Aircraft.txt.trashinfo"}));
+    // A note may be lost, and a file may.
+    QVERIFY(QFile::remove(trash.folder + "/info/Aircraft.txt.trashinfo"));
+    QVERIFY(QFile::remove(trash.folder + "/files/Aircraft.txt.1"));
+    sandbox.write(file, "third");
+    QVERIFY(files::moveToTrash(file));
+    QCOMPARE(trash.files(), (QStringList{"Aircraft.txt", "Aircraft.txt.2"}));
+    QCOMPARE(trash.notes(), (QStringList{"Aircraft.txt.1.trashinfo", "Aircraft.txt.2.trashinfo"}));
+    QCOMPARE(sandbox.read("C:\\share\\Trash\\files\\Aircraft.txt"), "first");
 }
 
 void TestHostFiles::trashThatTakesNoFileLeavesTheFile()

@@ -84,6 +84,7 @@ private Q_SLOTS:
     void aRunningWineIsSeenByItsLock_data();
     void aRunningWineIsSeenByItsLock();
     void aRunningWineWritesItself();
+    void aWineThatIsGoneIsNamed();
     void whatWineWasToldIsReadBackBeforeWineSavesIt();
 };
 
@@ -298,6 +299,15 @@ void TestRegistry::aRunningWineWritesItself()
              QByteArray("reg\nadd\nHKCU\\SOFTWARE\\Ostrel\n/v\nA b\n/t\nREG_SZ\n/d\nc d\n/f\n"));
     QVERIFY(file.open(QIODevice::ReadOnly));
     QCOMPARE(file.readAll(), sample);
+}
+
+void TestRegistry::aWineThatIsGoneIsNamed()
+{
+    const Sandbox sandbox;
+    const Environment path("PATH", "/nowhere");
+    const LockHolder wine(sandbox.prefix(), QString("/tmp/.wine-%1").arg(::getuid()));
+    QCOMPARE(failureOf([] { systemRegistry()->createKey(RegistryHive::CurrentUser, "K"); }),
+             "53 File not found: wine");
 }
 
 void TestRegistry::whatWineWasToldIsReadBackBeforeWineSavesIt()
