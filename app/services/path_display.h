@@ -12,8 +12,8 @@ inline QString shortenedPath(const QString &path, qsizetype limit)
 
 constexpr qsizetype twoPaths = 600; ///< characters of them, and of the words around
 
-/// A value of any file as it is when it has at most `longest` characters, else the first 200 of them
-/// and "...".
+/// A value of any file as it is when it has at most `longest` characters, else the first 200 of
+/// them and "...".
 inline QString cutForMessage(const QString &value, qsizetype longest = 200)
 {
     return value.size() <= longest ? value : value.first(200) + QLatin1StringView("...");

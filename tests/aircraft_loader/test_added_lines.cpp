@@ -81,7 +81,7 @@ void TestAddedLines::numberMovesOnOnlyWithALineThatWasWritten()
     Addition addition(3, 9);
     addition.ask("Boeing 250");
     QVERIFY(!addition.lines.any());
-    QCOMPARE(addition.add("Airbus 454"), comment + "AC#10,454,\"Airbus\"\r\n");
+    QCOMPARE(addition.add("Airbus 454"), usualComment + "AC#10,454,\"Airbus\"\r\n");
     QVERIFY(addition.lines.any());
     addition.ask("Boeing 250");
     QCOMPARE(addition.file.Number, 10);

@@ -369,8 +369,7 @@ void TestCreatingSets::clearTellsInOneNoticeWhatIsInTheTrash()
 void TestCreatingSets::withoutATrashClearTellsOfNone()
 {
     NamingUser user;
-    user.sandbox.write("C:\\share", {});
-    const OrdinaryUser rights(user.sandbox); // who has no trash at the root of the disk either
+    user.sandbox.write("C:\\share\\Trash", "no folder");
     user.createAirports();
     user.addAirports();
     user.press("tab2cmdCancel");
