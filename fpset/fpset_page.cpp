@@ -6,6 +6,7 @@
 #include "app/services/services.h"
 #include "app/services/set_in_progress.h"
 #include "fpset/fpset_files.h"
+#include "fpset/set_steps.h"
 #include "platform/blind_to_case.h"
 #include "platform/controls/control_state.h"
 #include "platform/files.h"
@@ -24,63 +25,6 @@ constexpr QLatin1StringView errorTitle = "Create File Error"_L1;
 constexpr QLatin1StringView okCaption = "OK"_L1;
 constexpr QLatin1StringView browseCaption = "Browse"_L1;
 constexpr QLatin1StringView doneCaption = "All Done!"_L1;
-
-void setEnabledAll(bool on, const QList<QWidget *> &controls)
-{
-    for (QWidget *control : controls) {
-        control->setEnabled(on);
-    }
-}
-
-enum StepNumber { Naming, Airports, Aircraft, Creation };
-
-/// A step's frame, and the controls it begins with: the first one gets the focus.
-struct StepFrame {
-    QGroupBox *frame;
-    QList<QWidget *> controls;
-};
-
-StepFrame stepFrame(const Ui::FpSetPage &ui, int number)
-{
-    const QList<StepFrame> steps = {
-        {ui.tab2Frame12, {ui.tab2txtFltPlan, ui.tab2Command2}},
-        {ui.tab2Frame2, {ui.tab2optCreatefile, ui.tab2optCopyFile, ui.tab2cmdAirport}},
-        {ui.tab2Frame3, {ui.tab2optCreateNewAircraft, ui.tab2optCopyExistingAircraft}},
-        {ui.tab2Frame4, {ui.tab2cmdCreateNewFP}}};
-    return steps[number];
-}
-
-void finishStep(QGroupBox *frame)
-{
-    showDone(frame);
-    setEnabledAll(false, frame->findChildren<QWidget *>(Qt::FindDirectChildrenOnly));
-}
-
-void giveUpStep(QGroupBox *frame)
-{
-    frame->setEnabled(false);
-    finishStep(frame);
-}
-
-void enterStep(const Ui::FpSetPage &ui, StepNumber number)
-{
-    const StepFrame step = stepFrame(ui, number);
-    step.frame->setEnabled(true);
-    showCurrentStep(step.frame);
-    setEnabledAll(true, step.controls);
-    focusIfShown(step.controls.first()); // the step before is about to lose it
-    if (number > Naming) {
-        finishStep(stepFrame(ui, number - 1).frame);
-    }
-}
-
-/// Lets the button of a step be used, as the option chosen has it.
-void offer(QPushButton *button, const QString &caption)
-{
-    button->setText(caption);
-    button->setEnabled(true);
-    focusIfShown(button);
-}
 
 } // namespace
 
