@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // A user who clicks, ticks, types and answers whatever is shown, for a minute under the sanitizers
-// and some seconds otherwise ($RANDOM_USER_SECONDS says how long). The seed is printed;
-// $RANDOM_USER_SEED repeats a run, as far as its timing allows.
+// and some seconds otherwise ($RANDOM_USER_SECONDS says how long). The start value is printed;
+// $RANDOM_USER_START repeats a run, as far as its timing allows.
 #include "app/frm_morlen_editor.h"
 #include "app/services/form_state.h"
 #include "app/services/link_label.h"
@@ -59,7 +59,7 @@ class RandomUser : public SystemDialogs
     bool oneIn(int times) { return m_random.bounded(times) == 0; }
 
 public:
-    explicit RandomUser(quint32 seed) : m_random(seed) {}
+    explicit RandomUser(quint32 start) : m_random(start) {}
 
     /// Uses the program again and again, until the time is over.
     void use(FakeOutside &outside, qint64 seconds)
@@ -333,14 +333,14 @@ private Q_SLOTS:
 
 void TestRandomUser::whateverIsDoneTheOldLinesStayInFront()
 {
-    const auto seed = static_cast<quint32>(
-        fromEnvironment("RANDOM_USER_SEED", QRandomGenerator::global()->generate()));
-    qInfo("RANDOM_USER_SEED=%u", seed);
+    const auto start = static_cast<quint32>(
+        fromEnvironment("RANDOM_USER_START", QRandomGenerator::global()->generate()));
+    qInfo("RANDOM_USER_START=%u", start);
     const Sandbox sandbox;
     FakeOutside outside;
     layOut(sandbox, outside);
     GrowingFiles files(sandbox);
-    RandomUser user(seed);
+    RandomUser user(start);
     user.check = [&] { files.check(); };
     user.edit = [&] { files.addByHand(); };
     user.use(outside, fromEnvironment("RANDOM_USER_SECONDS", defaultSeconds()));

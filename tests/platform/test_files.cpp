@@ -35,12 +35,12 @@ struct Operation {
     std::function<void(const QString &)> run;
 };
 
-const std::array<Operation, 2> reading = {{
+const std::array<Operation, 2> readers = {{
     {"read", [](const QString &path) { files::readAll(path); }},
     {"length", [](const QString &path) { files::length(path); }},
 }};
 
-const std::array<Operation, 3> writing = {{
+const std::array<Operation, 3> writers = {{
     {"append", [](const QString &path) { files::appendLines(path, "new\r\n"); }},
     {"open for append", [](const QString &path) { files::openForAppend(path); }},
     {"write", [](const QString &path) { files::writeAll(path, "new\r\n"); }},
@@ -140,10 +140,10 @@ void TestFiles::pathsThatCannotBeOpenedFail()
     sandbox.makeFolder(folder);
     QVERIFY(QFile::link("loop.txt", sandbox.host("C:\\Morlen\\loop.txt")));
     QVERIFY(QFile::link("none.txt", sandbox.host("C:\\Morlen\\lost.txt")));
-    for (const Operation &operation : reading) {
+    for (const Operation &operation : readers) {
         QTEST(failureOf([&] { operation.run(path); }), "reading");
     }
-    for (const Operation &operation : ::writing) {
+    for (const Operation &operation : writers) {
         QCOMPARE(failureOf([&] { operation.run(path); }), writing);
     }
     QCOMPARE(sandbox.read(file), "old");
@@ -155,7 +155,7 @@ void TestFiles::readOnlyFileIsReadNotWritten()
     sandbox.write(file, "old");
     restrict(sandbox, file, readOnly);
     const OrdinaryUser user(sandbox);
-    for (const Operation &operation : writing) {
+    for (const Operation &operation : writers) {
         QCOMPARE(failureOf([&] { operation.run(file); }), "75 Path/File access error");
     }
     QCOMPARE(files::readAll(file), "old");
@@ -168,7 +168,7 @@ void TestFiles::unreadableFileFailsButTakesLines()
     restrict(sandbox, file, QFile::WriteOwner);
     {
         const OrdinaryUser user(sandbox);
-        for (const Operation &operation : reading) {
+        for (const Operation &operation : readers) {
             QCOMPARE(failureOf([&] { operation.run(file); }), "75 Path/File access error");
         }
         files::appendLines(file, "new\r\n");
@@ -183,7 +183,7 @@ void TestFiles::readOnlyFolderTakesNoNewFile()
     sandbox.makeFolder(folder);
     restrict(sandbox, folder, noWriting);
     const OrdinaryUser user(sandbox);
-    for (const Operation &operation : writing) {
+    for (const Operation &operation : writers) {
         QCOMPARE(failureOf([&] { operation.run(folder + "\\new.txt"); }),
                  "75 Path/File access error");
     }
@@ -298,7 +298,7 @@ void TestFiles::writingFollowsALink()
 void TestFiles::writingLeavesNoOtherFiles()
 {
     const Sandbox sandbox;
-    for (const Operation &operation : writing) {
+    for (const Operation &operation : writers) {
         operation.run(file);
     }
     QCOMPARE(QDir(sandbox.host("C:\\Morlen")).entryList(QDir::Files | QDir::Hidden),

@@ -146,6 +146,11 @@ class TestWinePrefix : public QObject
 {
     Q_OBJECT
 
+private:
+    QByteArray fileOf(const QString &name) const;
+    std::list<Environment> m_environment;
+    std::unique_ptr<Sandbox> m_sandbox;
+
 private Q_SLOTS:
     void initTestCase();
     void cleanupTestCase();
@@ -164,11 +169,6 @@ private Q_SLOTS:
     void theRestOfTheLineArrivesAsOneArgument();
     void theExitCodeOfAWindowsProgramComesBack();
     void theWaitLastsAsLongAsAWindowsProgram();
-
-private:
-    QByteArray fileOf(const QString &name) const;
-    std::list<Environment> m_environment;
-    std::unique_ptr<Sandbox> m_sandbox;
 };
 
 void TestWinePrefix::initTestCase()
