@@ -146,7 +146,6 @@ class TestWinePrefix : public QObject
 {
     Q_OBJECT
 
-private:
     QByteArray fileOf(const QString &name) const;
     std::list<Environment> m_environment;
     std::unique_ptr<Sandbox> m_sandbox;
