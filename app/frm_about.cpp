@@ -39,7 +39,7 @@ QString systemInformationTool(const Registry &registry)
     }
     const QString folder = machineText(registry, sharedTools + u" Location"_s, u"MSINFO"_s);
     const QString tool = folder + u"\\MSINFO32.EXE"_s;
-    return !folder.isEmpty() && files::exists(tool) && !files::isFolder(tool) ? tool : QString();
+    return !folder.isEmpty() && files::isFile(tool) ? tool : QString();
 }
 
 /// Starts a program, and says whether that could be done.

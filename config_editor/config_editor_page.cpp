@@ -258,7 +258,7 @@ bool ConfigEditorPage::openPanelCfg(const QString &cfgFile, const QString &panel
 {
     m_editPath = panel_cfg::path(cfgFile, panel);
     m_services.log.write(u"Edit Panel.cfg file "_s + m_editPath);
-    if (!files::exists(m_editPath) || files::isFolder(m_editPath)) {
+    if (!files::isFile(m_editPath)) {
         showNotice(u"This is an AI Aircraft and has no Panel!"_s);
         return false;
     }

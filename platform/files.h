@@ -66,11 +66,13 @@ bool moveToTrash(const QString &path);
 /// Whether two paths lead to one and the same existing file. Never throws.
 bool isSame(const QString &path, const QString &other);
 
-/// Whether a file or folder of this path exists. Never throws.
+/// Whether a file or folder of this path exists; one that cannot be looked at is taken to, so that
+/// nothing is overwritten for lack of a look. Never throws.
 bool exists(const QString &path);
 
-/// Whether a folder of this path exists. Never throws.
+/// Whether a folder of this path exists, or anything else. Never throw.
 bool isFolder(const QString &path);
+bool isFile(const QString &path);
 
 /// Throws Path not found (76) or Path/File access error (75) unless the folder can be read.
 void requireFolder(const QString &path);

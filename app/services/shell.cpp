@@ -43,7 +43,7 @@ QString findInTree(const QString &folder, const QString &name, QSet<QString> &vi
         }
         visited.insert(real);
         const QString candidate = paths::join(folder, name);
-        if (files::exists(candidate) && !files::isFolder(candidate)) {
+        if (files::isFile(candidate)) {
             return candidate;
         }
         for (const QString &subFolder : files::subFolders(folder)) {

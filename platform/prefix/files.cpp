@@ -302,13 +302,25 @@ bool isSame(const QString &path, const QString &other)
 
 bool exists(const QString &path)
 {
-    return targetOf(path).has_value();
+    try {
+        struct stat info = {};
+        return ::stat(hostName(path).constData(), &info) == 0 ||
+               (errno != ENOENT && errno != ENOTDIR && errno != ELOOP && errno != ENAMETOOLONG);
+    } catch (const RuntimeError &) {
+        return false; // a name that cannot exist
+    }
 }
 
 bool isFolder(const QString &path)
 {
     const auto target = targetOf(path);
     return target && S_ISDIR(target->st_mode);
+}
+
+bool isFile(const QString &path)
+{
+    const auto target = targetOf(path);
+    return target && !S_ISDIR(target->st_mode);
 }
 
 void requireFolder(const QString &path)

@@ -347,6 +347,8 @@ void TestFiles::existsAndIsFolderNeverFail()
     QVERIFY(files::exists("c:\\MORLEN\\aircraft.txt"));
     QVERIFY(files::exists(folder));
     QVERIFY(!files::isFolder(file));
+    QVERIFY(files::isFile(file));
+    QVERIFY(!files::isFile(folder));
     QVERIFY(files::isFolder("c:\\MORLEN\\sub\\"));
     for (const QString path : {"", "C:\\None", "C:\\None\\a.txt", "Q:\\", "C:\\NUL", "C:\\a*b"}) {
         QVERIFY(!files::exists(path));
