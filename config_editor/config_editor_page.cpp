@@ -214,7 +214,6 @@ void ConfigEditorPage::showLoading(bool loading)
 {
     ui->loadingLabel->setVisible(loading);
     ui->loadingBar->setVisible(loading);
-    ui->loadingBar->setValue(0);
     ui->Tab3List3->setVisible(!loading);
 }
 

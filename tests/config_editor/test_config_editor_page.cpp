@@ -664,6 +664,7 @@ void TestConfigEditorPage::changedFileReloadsTheListAndKeepsTheAircraft()
     QCOMPARE(editor.items("Tab3List1").size(), 2);
     QCOMPARE(editor.label("Tab3Label2"), QString("Total Aircraft: 2"));
     QCOMPARE(editor.list("Tab3List3")->listIndex(), 1);
+    QCOMPARE(editor.items("Tab3Dir1"), (QStringList{"C:\\", "FS9", "Aircraft", "a", "b"}));
     QCOMPARE(edited.count(), 1);
 }
 
