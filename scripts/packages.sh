@@ -2,4 +2,5 @@
 build_packages=(g++ cmake ninja-build qt6-base-dev qt6-base-dev-tools libgl1-mesa-dev libxcb1-dev pkg-config)
 display_packages=(python3 xvfb xauth openbox xdotool x11-utils imagemagick fonts-dejavu-core)
 check_packages=(clang-format clang-tidy)
+fuzz_packages=(clang libclang-rt-14-dev)
 wine_packages=(wine wine64)

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <string_view>
 
 using namespace Qt::StringLiterals;
 
@@ -27,7 +28,8 @@ QString valueIn(QByteArrayView line)
 /// at: every other way reads each byte more than once.
 bool namesAlias(QByteArrayView bytes)
 {
-    return std::any_of("lL", "lL" + 2, [&](char letter) {
+    constexpr std::string_view letters = "lL";
+    return std::any_of(letters.begin(), letters.end(), [&](char letter) {
         for (qsizetype at = bytes.indexOf(letter, 1); at > 0; at = bytes.indexOf(letter, at + 1)) {
             if (startsWith(bytes.sliced(at - 1), "alias")) {
                 return true;

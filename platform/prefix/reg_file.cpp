@@ -110,6 +110,14 @@ QByteArray composeData(const RegistryData &data)
     return "dword:" + QByteArray::number(std::get<std::uint32_t>(data), 16).rightJustified(8, '0');
 }
 
+QByteArrayView withoutLineEnd(QByteArrayView text)
+{
+    while (text.endsWith('\n') || text.endsWith('\r')) {
+        text.chop(1);
+    }
+    return text;
+}
+
 } // namespace
 
 qsizetype RegFile::lineEnd(qsizetype start) const
@@ -120,11 +128,7 @@ qsizetype RegFile::lineEnd(qsizetype start) const
 
 QByteArrayView RegFile::line(qsizetype start) const
 {
-    QByteArrayView text = QByteArrayView(m_bytes).sliced(start, lineEnd(start) - start);
-    while (text.endsWith('\n') || text.endsWith('\r')) {
-        text.chop(1);
-    }
-    return text;
+    return withoutLineEnd(QByteArrayView(m_bytes).sliced(start, lineEnd(start) - start));
 }
 
 QByteArray RegFile::newLine() const
@@ -181,7 +185,8 @@ std::optional<RegistryData> RegFile::value(const QString &key, const QString &na
     if (!found) {
         return std::nullopt;
     }
-    const auto text = QByteArrayView(m_bytes).sliced(found->start, found->end - found->start);
+    const auto text =
+        withoutLineEnd(QByteArrayView(m_bytes).sliced(found->start, found->end - found->start));
     qsizetype position = 1;
     unescape(text, position, '"');
     return text.size() > position && text[position] == '=' ? parseData(text.sliced(position + 1))

@@ -51,6 +51,7 @@ private Q_SLOTS:
     void newKeyGoesToTheEnd();
     void damagedLastLineDoesNotSwallowANewValue_data();
     void damagedLastLineDoesNotSwallowANewValue();
+    void aValueThatBreaksOffStaysWhatItWas();
     void missingFinalLineEndIsCompleted();
     void carriageReturnsAreKept();
     void anEmptyFileBecomesAValidOne();
@@ -181,6 +182,13 @@ void TestRegFile::damagedLastLineDoesNotSwallowANewValue()
     QVERIFY(again.value("K", "B") == RegistryData(QString("b")));
     QVERIFY(again.value("M", "C") == RegistryData(QString("c")));
     QVERIFY(file.bytes().contains("\\\n\n")); // the line that goes on goes on into nothing
+}
+
+void TestRegFile::aValueThatBreaksOffStaysWhatItWas()
+{
+    RegFile file("WINE REGISTRY Version 2\n\n[K] 1\n\"A\"=\"half a te");
+    file.setValue("M", "C", QString("c"), 1);
+    QCOMPARE(textOf(file, "K", "A"), QString("half a te"));
 }
 
 void TestRegFile::missingFinalLineEndIsCompleted()
