@@ -7,11 +7,11 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     const QByteArray bytes = bytesOf(data, size);
-    const QString cfgFile = QStringLiteral("C:\\FS9\\Aircraft\\b737\\aircraft.cfg");
+    const QString cfgFile = QStringLiteral(R"(C:\FS9\Aircraft\b737\aircraft.cfg)");
     if (const std::optional<QString> alias = panel_cfg::aliasIn(bytes)) {
         require(bytes.contains("alias=" + code_page::encode(*alias)));
         const QString path = panel_cfg::aliasedPath(cfgFile, AircraftRoot::Aircraft, *alias);
-    const QString cfgFile = QStringLiteral(R"(C:\FS9\Aircraft\b737\aircraft.cfg)");
+        require(path == R"(C:\FS9\Aircraft\)" + *alias + R"(\panel.cfg)");
     }
     const QString text = code_page::decode(bytes);
     require(panel_cfg::path(cfgFile, text).endsWith("\\panel.cfg"));

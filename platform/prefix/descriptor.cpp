@@ -148,8 +148,9 @@ int openFolder(const QByteArray &host)
     return descriptor;
 }
 
-void readRest(int descriptor, qsizetype filled, QByteArray &buffer)
+void readWhole(int descriptor, qint64 length, QByteArray &buffer)
 {
+    qsizetype filled = 0;
     for (;;) {
         const ssize_t count = ::read(descriptor, buffer.data() + filled,
                                      static_cast<std::size_t>(buffer.size() - filled));
@@ -162,7 +163,7 @@ void readRest(int descriptor, qsizetype filled, QByteArray &buffer)
             throwErrno(error, ErrorNumber::FileNotFound);
         }
         filled += count;
-        if (count == 0) {
+        if (count == 0 || filled == length) {
             break;
         }
         if (filled > largestFile) {

@@ -77,10 +77,10 @@ QByteArray hostName(const QString &path);
 /// Throws Path not found (76), Path/File access error (75).
 int openFolder(const QByteArray &host);
 
-/// Reads on from the `filled` bytes that the buffer holds already, to the end of the file. Throws
-/// Out of memory (7) for a file beyond `largestFile`; after any other failure the buffer holds what
-/// could be read.
-void readRest(int descriptor, qsizetype filled, QByteArray &buffer);
+/// Reads a file into a buffer of one byte at least. It ends at `length` (as lengthToRead told it),
+/// or, where the system tells none, where nothing follows. Throws Out of memory (7) for a file
+/// beyond `largestFile`; after any other failure the buffer holds what could be read.
+void readWhole(int descriptor, qint64 length, QByteArray &buffer);
 
 /// Whether an entry of a folder, given by its descriptor, is a folder or a link to one.
 bool isFolderEntry(const dirent &entry, int parent);

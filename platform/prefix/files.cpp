@@ -185,8 +185,9 @@ std::optional<struct stat> targetOf(const QString &path)
 QByteArray readAll(const QString &path)
 {
     const Descriptor file(openFile(hostName(path), O_RDONLY));
-    QByteArray bytes(lengthToRead(file.get()) + 1, Qt::Uninitialized); // one more sees the end
-    readRest(file.get(), 0, bytes);
+    const qint64 length = lengthToRead(file.get());
+    QByteArray bytes(qMax<qint64>(length, 1), Qt::Uninitialized);
+    readWhole(file.get(), length, bytes);
     return bytes;
 }
 

@@ -32,10 +32,10 @@ void readInto(FoundFile &found, int file)
         if (file < 0) {
             throwErrno(errno, ErrorNumber::FileNotFound);
         }
-        lengthToRead(file);
+        const qint64 length = lengthToRead(file);
         found.opened = true;
         found.content.resize(usualSize);
-        readRest(file, 0, found.content);
+        readWhole(file, length, found.content);
     } catch (const RuntimeError &error) {
         found.failure = error;
     }

@@ -172,7 +172,7 @@ void TestHostFiles::fileThatBreaksOffGivesWhatCouldBeRead()
     const files::Descriptor in(ends[1]);
     QCOMPARE(::write(in.get(), "one\ntwo", 7), 7);
     QByteArray read(64, '?');
-    QCOMPARE(failureOf([&] { files::readRest(out.get(), 0, read); }),
+    QCOMPARE(failureOf([&] { files::readWhole(out.get(), 0, read); }),
              QString("57 Device I/O error"));
     QCOMPARE(read, QByteArray("one\ntwo"));
 }
