@@ -2,6 +2,7 @@
 #include "airport_loader/airport_browser.h"
 
 #include "app/services/error_report.h"
+#include "app/services/form_state.h"
 #include "platform/basic.h"
 #include "platform/controls/wait_pointer.h"
 
@@ -43,7 +44,7 @@ void AirportBrowser::LoadCountry()
 {
     m_errors.run(u"Load Country Errors"_s, [this](Step &step) {
         step.set(u"Opening OCX"_s);
-        const QByteArray list = master_airport_list::OpenOCX(step);
+        const QByteArray list = master_airport_list::OpenOCX(m_state.MorlenEDir, step);
         const WaitPointer pointer;
         step.set(u"Setting Progress Bar"_s);
         Q_EMIT countriesLoading(expectedLines);
@@ -63,7 +64,7 @@ void AirportBrowser::LoadProvince()
     m_errors.run(u"Load Province Error"_s, [this](Step &step) {
         ui.Tab1List1->clear();
         step.set(u"Opening OCX"_s);
-        const QByteArray list = master_airport_list::OpenOCX(step);
+        const QByteArray list = master_airport_list::OpenOCX(m_state.MorlenEDir, step);
         step.set(u"Loading OCX Data"_s);
         addAvailable(master_airport_list::provinces(list, m_savedCountry));
         m_provinceLevel = ui.Tab1List1->count() > 0;
@@ -83,7 +84,7 @@ void AirportBrowser::LoadCity()
     m_errors.run(u"Load City Error"_s, [this](Step &step) {
         ui.Tab1List1->clear();
         step.set(u"Opening OCX"_s);
-        const QByteArray list = OpenOCX(step);
+        const QByteArray list = OpenOCX(m_state.MorlenEDir, step);
         step.set(u"Loading OCX Data"_s);
         const AirportItem form =
             ui.Tab1optName->isChecked() ? AirportItem::NameFirst : AirportItem::IcaoFirst;

@@ -7,6 +7,7 @@
 #include <QObject>
 
 class ErrorReport;
+struct FormState;
 
 namespace Ui
 {
@@ -18,7 +19,10 @@ class AirportBrowser : public QObject
     Q_OBJECT
 
 public:
-    AirportBrowser(Ui::AirportLoaderPage &page, ErrorReport &errors) : ui(page), m_errors(errors) {}
+    AirportBrowser(Ui::AirportLoaderPage &page, const FormState &state, ErrorReport &errors)
+        : ui(page), m_state(state), m_errors(errors)
+    {
+    }
 
     // Handlers. The names are the product's.
     void Tab1List1_DblClick();
@@ -58,6 +62,7 @@ private:
     void showLevel(const QString &heading, const QString &level, const QString &wayBack);
 
     Ui::AirportLoaderPage &ui;
+    const FormState &m_state;
     ErrorReport &m_errors;
     bool m_provinceLevel = false; ///< provinces are shown, or airports of one
     bool m_airportLevel = false;  ///< airports are shown

@@ -43,7 +43,7 @@ AirportLoaderPage::AirportLoaderPage(Services &services, const SetInProgress &se
       m_state(services.state),
       m_set(set),
       ui(std::make_unique<Ui::AirportLoaderPage>()),
-      m_browser(*ui, services.errors)
+      m_browser(*ui, services.state, services.errors)
 {
     ui->setupUi(this);
     ui->Tab1List1->setDropPartner(ui->Tab1List2);
@@ -378,7 +378,7 @@ QStringList AirportLoaderPage::linesOf(const QList<AirportChoice> &choices, Prog
     if (choices.isEmpty()) {
         return {};
     }
-    const QByteArray list = master_airport_list::OpenOCX(step);
+    const QByteArray list = master_airport_list::OpenOCX(m_state.MorlenEDir, step);
     step.set(u"Input Data"_s);
     QStringList lines;
     for (const ChosenLine &chosen : airport_text_file::chosenLines(list, choices)) {

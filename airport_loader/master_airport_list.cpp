@@ -73,9 +73,15 @@ QString directoryIn(const QString &buffer)
     return QString(buffer).remove(QChar(u'\0'));
 }
 
-QByteArray OpenOCX(Step &step)
+QByteArray OpenOCX(const QString &programFolder, Step &step)
 {
-    const QString path = directoryIn(paths::systemDirectory()) + u"\\ZENTAM.OCX"_s;
+    const QString name = u"ZENTAM.OCX"_s;
+    QString path = directoryIn(paths::systemDirectory()) + u'\\' + name;
+    for (const QString &folder : {paths::windowsDirectory() + u"\\SysWOW64"_s, programFolder}) {
+        if (!files::exists(path) && files::exists(paths::join(folder, name))) {
+            path = paths::join(folder, name);
+        }
+    }
     step.set(u"Loading "_s + path);
     return files::readAll(path);
 }

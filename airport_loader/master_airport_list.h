@@ -33,9 +33,10 @@ namespace master_airport_list
 /// stand.
 QString directoryIn(const QString &buffer);
 
-/// The whole list, "ZENTAM.OCX" in the Windows system directory. Throws File not found (53), Path
-/// not found (76), Path/File access error (75).
-QByteArray OpenOCX(Step &step);
+/// The whole list, "ZENTAM.OCX" in the Windows system directory; where that holds none, the one in
+/// the system directory of 32-bit programs, else in the program's folder. Throws File not found
+/// (53), Path not found (76), Path/File access error (75).
+QByteArray OpenOCX(const QString &programFolder, Step &step);
 
 /// What one reading of the list gave. A line that cannot be split ends it; what came before stays.
 struct Listing {

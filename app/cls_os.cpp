@@ -29,16 +29,18 @@ enum Suite : std::uint32_t {
     Blade = 0x400, // the web edition
 };
 
-/// A release and its published numbers. One with letters goes before its sibling without.
+/// A release and its published numbers. One with letters or a build goes before its sibling
+/// without.
 struct Release {
     int platform;
     int majorVersion;
     int minorVersion;
     QStringView letters; ///< one of them is needed; empty: none
     QStringView name;
+    int build = 0; ///< the least
 };
 
-constexpr std::array<Release, 9> releases = {{
+constexpr std::array<Release, 11> releases = {{
     {Windows9x, 4, 0, u"BC", u"Windows 95 OSR2"},
     {Windows9x, 4, 0, u"", u"Windows 95"},
     {Windows9x, 4, 3, u"BC", u"Windows 95 OSR2"}, // its later editions
@@ -48,6 +50,8 @@ constexpr std::array<Release, 9> releases = {{
     {WindowsNt, 5, 0, u"", u"Windows 2000"},
     {WindowsNt, 5, 1, u"", u"Windows XP"},
     {WindowsNt, 5, 2, u"", u"Windows .NET"},
+    {WindowsNt, 10, 0, u"", u"Windows 11", 22000},
+    {WindowsNt, 10, 0, u"", u"Windows 10"},
 }};
 
 struct SuiteText {
@@ -98,7 +102,8 @@ QString publishedName(const SystemVersion &system)
 {
     for (const Release &release : releases) {
         if (is(system, release.platform, release.majorVersion, release.minorVersion) &&
-            (release.letters.isEmpty() || hasLetter(system, release.letters))) {
+            (release.letters.isEmpty() || hasLetter(system, release.letters)) &&
+            system.build >= release.build) {
             return release.name.toString();
         }
     }

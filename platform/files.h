@@ -7,6 +7,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <memory>
+
 namespace files
 {
 
@@ -41,7 +43,8 @@ public:
     Lock &operator=(const Lock &) = delete;
 
 private:
-    int m_descriptor = -1;
+    struct File;
+    std::unique_ptr<File> m_file; ///< open and locked
 };
 
 /// Has the system write what it holds of a file to the disk. Throws as appendLines.

@@ -3,6 +3,7 @@
 #include "platform/paths.h"
 
 #include "platform/blind_to_case.h"
+#include "platform/runtime_error.h"
 
 #include <QStringBuilder>
 
@@ -42,17 +43,24 @@ bool isValidName(QStringView name)
             return false;
         }
     }
-    return !name.isEmpty() && !isDeviceName(name);
+    constexpr qsizetype longest = 255; // characters
+    return !name.isEmpty() && name.size() <= longest && !isDeviceName(name);
 }
 
-QString windowsDirectory()
+QStringList components(QStringView path)
 {
-    return u"C:\\windows"_s;
-}
-
-QString systemDirectory()
-{
-    return u"C:\\windows\\system32"_s;
+    QStringList names;
+    for (const QStringView part : path.toString().replace(u'/', u'\\').split(u'\\')) {
+        if (part == u"..") {
+            names.resize(qMax<qsizetype>(names.size() - 1, 0));
+        } else if (!part.isEmpty() && part != u".") {
+            if (!isValidName(part)) {
+                throw RuntimeError(ErrorNumber::BadFileName);
+            }
+            names += part.toString();
+        }
+    }
+    return names;
 }
 
 QString join(const QString &folder, const QString &name)

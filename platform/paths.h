@@ -12,16 +12,12 @@
 namespace paths
 {
 
-/// The Wine prefix on the host: $WINEPREFIX, else ~/.wine when it exists, else the program's own in
-/// $XDG_DATA_HOME, which is made, with its drives c: and z:, on first need.
-QString prefix();
-
 /// The drives there are, as "c:", in letter order.
 QStringList drives();
 
 /// The host's path of a Windows path. Each component is matched exactly first, else blind to case;
 /// what does not exist keeps its spelling. A path without a drive is relative to the current
-/// directory; one that starts with "/" is a host path.
+/// directory.
 /// Throws RuntimeError: Bad file name (52) for a name Windows refuses, Device unavailable (68) for
 /// a drive there is not.
 QString toHost(const QString &windowsPath);
@@ -29,13 +25,16 @@ QString toHost(const QString &windowsPath);
 /// The Windows path of an absolute host path, under the drive whose folder matches longest.
 QString fromHost(const QString &hostPath);
 
+/// The components of a path without its drive: "." stays, ".." goes up. Throws Bad file name (52).
+QStringList components(QStringView path);
+
 /// Whether Windows would accept this as the name of one file or folder.
 bool isValidName(QStringView name);
 
-/// "C:\windows\system32".
+/// "C:\windows\system32", as the system itself names it.
 QString systemDirectory();
 
-/// "C:\windows".
+/// "C:\windows", the same way.
 QString windowsDirectory();
 
 /// The current directory, without a backslash at its end unless it is a drive's root.

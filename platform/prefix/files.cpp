@@ -214,28 +214,28 @@ void appendLines(const QString &path, const QByteArray &bytes)
     file.close();
 }
 
+struct Lock::File {
+    Descriptor descriptor;
+};
+
 Lock::Lock(const QString &path)
 {
     constexpr int longestWait = 5000; // milliseconds; the other copy may have been stopped
     constexpr int pause = 10;
     try {
-        m_descriptor = openFile(hostName(path), O_WRONLY);
+        m_file.reset(new File{Descriptor(openFile(hostName(path), O_WRONLY))});
     } catch (const RuntimeError &) {
         return; // whoever writes to it says why
     }
-    for (int waited = 0; waited < longestWait && ::flock(m_descriptor, LOCK_EX | LOCK_NB) != 0 &&
-                         errno == EWOULDBLOCK;
+    for (int waited = 0;
+         waited < longestWait && ::flock(m_file->descriptor.get(), LOCK_EX | LOCK_NB) != 0 &&
+         errno == EWOULDBLOCK;
          waited += pause) {
         QThread::msleep(pause);
     }
 }
 
-Lock::~Lock()
-{
-    if (m_descriptor >= 0) {
-        ::close(m_descriptor);
-    }
-}
+Lock::~Lock() = default;
 
 void sync(const QString &path)
 {

@@ -2,6 +2,7 @@
 #include "platform/prefix/host_command.h"
 
 #include "platform/blind_to_case.h"
+#include "platform/command_line.h"
 #include "platform/paths.h"
 #include "platform/runtime_error.h"
 
@@ -10,7 +11,6 @@
 #include <QStandardPaths>
 
 #include <optional>
-#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -100,25 +100,6 @@ std::optional<HostCommand> substituteFor(const QString &line, const QList<Substi
     return std::nullopt;
 }
 
-/// A path may hold blanks: the whole line is taken when it is a program, else the shortest leading
-/// part that is one. The program and what stands behind it; an empty program when there is none.
-std::pair<QString, QString> splitLine(const QString &line)
-{
-    constexpr qsizetype longestProgram = 4096; // characters
-    const QString whole = line.size() <= longestProgram ? findProgram(line) : QString();
-    if (!whole.isEmpty()) {
-        return {whole, {}};
-    }
-    for (qsizetype end = line.indexOf(u' '); end >= 0 && end <= longestProgram;
-         end = line.indexOf(u' ', end + 1)) {
-        const QString program = findProgram(line.first(end));
-        if (!program.isEmpty()) {
-            return {program, line.sliced(end + 1).trimmed()};
-        }
-    }
-    return {};
-}
-
 } // namespace
 
 QString programOnPath(const QString &program)
@@ -130,20 +111,13 @@ QString programOnPath(const QString &program)
 
 HostCommand resolveCommand(const QString &commandLine, const QList<Substitute> &substitutes)
 {
-    const QString line = commandLine.trimmed();
-    if (line.startsWith(u'"')) {
-        const qsizetype close = line.indexOf(u'"', 1);
-        const QString program = findProgram(line.mid(1, close - 1));
-        if (close > 0 && !program.isEmpty()) {
-            return commandFor(program, line.sliced(close + 1).trimmed());
-        }
+    const CommandLine line = splitCommandLine(commandLine, findProgram);
+    if (!line.program.isEmpty()) {
+        return commandFor(line.program, line.argument);
+    }
+    const std::optional<HostCommand> standIn = substituteFor(commandLine.trimmed(), substitutes);
+    if (!standIn) {
         throw RuntimeError(ErrorNumber::FileNotFound);
     }
-    if (const auto [program, argument] = splitLine(line); !program.isEmpty()) {
-        return commandFor(program, argument);
-    }
-    if (const auto standIn = substituteFor(line, substitutes)) {
-        return *standIn;
-    }
-    throw RuntimeError(ErrorNumber::FileNotFound);
+    return *standIn;
 }

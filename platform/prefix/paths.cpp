@@ -3,6 +3,7 @@
 #include "platform/paths.h"
 
 #include "platform/blind_to_case.h"
+#include "platform/prefix/prefix.h"
 #include "platform/runtime_error.h"
 
 #include <QDir>
@@ -67,23 +68,6 @@ QString nameOnDisk(const QString &folder, const QString &name)
         }
     }
     return name;
-}
-
-/// The components of a path without its drive: "." stays, ".." goes up.
-QStringList components(QStringView path)
-{
-    QStringList names;
-    for (const QStringView part : path.toString().replace(u'/', u'\\').split(u'\\')) {
-        if (part == u"..") {
-            names.resize(qMax<qsizetype>(names.size() - 1, 0));
-        } else if (!part.isEmpty() && part != u".") {
-            if (!isValidName(part)) {
-                throw RuntimeError(ErrorNumber::BadFileName);
-            }
-            names += part.toString();
-        }
-    }
-    return names;
 }
 
 QString resolve(const QString &root, const QStringList &names)
@@ -184,6 +168,16 @@ QString fromHost(const QString &hostPath)
         }
     }
     return bestDrive.toUpper() + (bestRest.isEmpty() ? u"\\"_s : bestRest.replace(u'/', u'\\'));
+}
+
+QString windowsDirectory()
+{
+    return u"C:\\windows"_s;
+}
+
+QString systemDirectory()
+{
+    return u"C:\\windows\\system32"_s;
 }
 
 QString currentDirectory()

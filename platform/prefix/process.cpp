@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "platform/process.h"
 
+#include "platform/child_process.h"
 #include "platform/files.h"
 #include "platform/paths.h"
 #include "platform/prefix/host_command.h"
 #include "platform/runtime_error.h"
 
 #include <QFileInfo>
-#include <QProcess>
 
 #include <algorithm>
 #include <csignal>
@@ -17,37 +17,6 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-
-/// A child of ours. It outlives this object, and this program: a QProcess takes its child along
-/// when it is destroyed, so none is as long as the child runs.
-class ChildProcess : public Process
-{
-public:
-    explicit ChildProcess(std::unique_ptr<QProcess> process) : m_process(process.release()) {}
-
-    ~ChildProcess() override
-    {
-        QObject::connect(m_process, &QProcess::finished, m_process, &QObject::deleteLater);
-        if (m_process->state() == QProcess::NotRunning) {
-            m_process->deleteLater();
-        }
-    }
-
-    ChildProcess(const ChildProcess &) = delete;
-    ChildProcess &operator=(const ChildProcess &) = delete;
-
-    int exitCode() override
-    {
-        if (m_process->state() != QProcess::NotRunning) {
-            return stillActive;
-        }
-        const bool bySignal = m_process->exitStatus() == QProcess::CrashExit;
-        return bySignal ? 128 + m_process->exitCode() : m_process->exitCode();
-    }
-
-private:
-    QProcess *m_process;
-};
 
 /// The folder of the file that a program is handed, else the program's own.
 QString workingFolder(const HostCommand &command)
@@ -66,6 +35,12 @@ QString workingFolder(const HostCommand &command)
 
 } // namespace
 
+int exitCodeOf(const QProcess &ended)
+{
+    const bool bySignal = ended.exitStatus() == QProcess::CrashExit;
+    return bySignal ? 128 + ended.exitCode() : ended.exitCode();
+}
+
 SystemProcesses::SystemProcesses(QList<Substitute> substitutes)
     : m_substitutes(std::move(substitutes))
 {
@@ -79,11 +54,9 @@ std::unique_ptr<Process> SystemProcesses::start(const QString &commandLine, int 
     process->setInputChannelMode(QProcess::ForwardedInputChannel);
     process->setChildProcessModifier([] { std::signal(SIGXFSZ, SIG_DFL); }); // see prepareHost
     process->setWorkingDirectory(workingFolder(command));
-    process->start(command.program, command.arguments);
-    if (!process->waitForStarted()) {
-        throw RuntimeError(ErrorNumber::PathFileAccess);
-    }
-    return std::make_unique<ChildProcess>(std::move(process));
+    process->setProgram(command.program);
+    process->setArguments(command.arguments);
+    return startChild(std::move(process));
 }
 
 void SystemProcesses::openDocument(const QString &path)

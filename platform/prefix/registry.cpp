@@ -7,6 +7,7 @@
 #include "platform/paths.h"
 #include "platform/prefix/descriptor.h"
 #include "platform/prefix/host_command.h"
+#include "platform/prefix/prefix.h"
 #include "platform/prefix/reg_file.h"
 #include "platform/prefix/wine_server.h"
 #include "platform/runtime_error.h"

@@ -2,7 +2,8 @@
 // Adding the ticked aircraft to the aircraft text file.
 #include "app/services/services.h"
 #include "tests/support/aircraft_loader_driver.h"
-#include "tests/support/file_size_limit.h"
+#include "tests/support/failing_calls.h"
+#include "tests/support/host.h"
 
 #include <QDir>
 #include <QPushButton>
@@ -47,14 +48,7 @@ struct AddingPage : AircraftLoaderDriver {
     }
 };
 
-std::function<int()> onSync; ///< in the place of the system's
-
 } // namespace
-
-extern "C" int fsync(int /*descriptor*/)
-{
-    return onSync ? onSync() : 0;
-}
 
 class TestAddingAircraft : public QObject
 {
@@ -62,7 +56,7 @@ class TestAddingAircraft : public QObject
 
 private Q_SLOTS:
 
-    void cleanup() { onSync = nullptr; }
+    void cleanup() { failing_calls::syncFails = nullptr; }
 
     void threeAircraftAfterNumber9Are10To12InListOrderBelowOneComment();
     void addingToAnEmptyFileStartsAt1AndMakesNoBackup();
@@ -385,6 +379,7 @@ void TestAddingAircraft::titleBytesAreWrittenAsTheyAreInTheCfg()
 
 void TestAddingAircraft::readOnlyFileIsReportedAndLeftAlone()
 {
+    NEEDS(permissions);
     AddingPage user;
     user.tick(0);
     const OrdinaryUser rights(user.sandbox);
@@ -401,6 +396,7 @@ void TestAddingAircraft::readOnlyFileIsReportedAndLeftAlone()
 
 void TestAddingAircraft::fullDiskIsReported()
 {
+    NEEDS(sizeLimit);
     const QByteArray before = longFile();
     AddingPage user(before);
     {
@@ -415,6 +411,7 @@ void TestAddingAircraft::fullDiskIsReported()
 
 void TestAddingAircraft::diskThatFillsUpHalfWayKeepsWhatWasAddedBefore()
 {
+    NEEDS(sizeLimit);
     const QByteArray before = longFile();
     const QByteArray first = comment + "AC#1,477,\"Alpha\"\r\n";
     AddingPage user(before);
@@ -430,6 +427,7 @@ void TestAddingAircraft::diskThatFillsUpHalfWayKeepsWhatWasAddedBefore()
 
 void TestAddingAircraft::whatFailedHalfWayIsTriedAgainWithoutWhatIsWritten()
 {
+    NEEDS(sizeLimit);
     const QByteArray before = longFile();
     const QByteArray first = comment + "AC#1,477,\"Alpha\"\r\n";
     AddingPage user(before);
@@ -454,12 +452,13 @@ void TestAddingAircraft::whatFailedHalfWayIsTriedAgainWithoutWhatIsWritten()
 
 void TestAddingAircraft::additionIsSyncedOnceBeforeItIsToldDone()
 {
+    NEEDS(failingCalls);
     AddingPage user("");
     int syncs = 0;
     int syncsThen = -1;
-    onSync = [&] {
+    failing_calls::syncFails = [&] {
         ++syncs;
-        return 0;
+        return false;
     };
     user.outside.dialogs.whileShown = [&] { syncsThen = syncs; };
     user.add({0, 1});
@@ -469,11 +468,9 @@ void TestAddingAircraft::additionIsSyncedOnceBeforeItIsToldDone()
 
 void TestAddingAircraft::diskThatDoesNotTakeItIsReported()
 {
+    NEEDS(failingCalls);
     AddingPage user("");
-    onSync = [] {
-        errno = EIO;
-        return -1;
-    };
+    failing_calls::syncFails = [] { return true; };
     const QSignalSpy added(user.window.get(), &AircraftLoaderPage::aircraftAdded);
     user.add({0, 2});
     QCOMPARE(user.messages(),
@@ -487,6 +484,7 @@ void TestAddingAircraft::diskThatDoesNotTakeItIsReported()
 
 void TestAddingAircraft::failureLeavesTicksAndFocusForAnotherTry()
 {
+    NEEDS(permissions);
     AddingPage user;
     user.tick(1);
     const OrdinaryUser rights(user.sandbox);
@@ -623,6 +621,7 @@ void TestAddingAircraft::everyStepIsTraced()
 
 void TestAddingAircraft::failureIsTraced()
 {
+    NEEDS(sizeLimit);
     const QByteArray before = longFile();
     const QByteArray first = comment + "AC#1,477,\"Alpha\"\r\n";
     AddingPage user(before);

@@ -511,6 +511,7 @@ void TestAircraftLoaderPage::cfgOf1502TitlesGivesOneMessageAndTheWalkGoesOn()
 
 void TestAircraftLoaderPage::cfgThatMayNotBeReadGivesOneMessageAndTheWalkGoesOn()
 {
+    NEEDS(permissions);
     AircraftLoaderDriver user;
     user.addAircraft("A", {"Airbus"}, "454");
     user.addAircraft("B", {"Boeing"}, "477");
@@ -527,6 +528,7 @@ void TestAircraftLoaderPage::cfgThatMayNotBeReadGivesOneMessageAndTheWalkGoesOn(
 
 void TestAircraftLoaderPage::folderThatMayNotBeReadIsReportedAndTheListsStayAsFilled()
 {
+    NEEDS(permissions);
     AircraftLoaderDriver user;
     user.addAircraft("A", {"Airbus"}, "454");
     user.addAircraft("B", {"Boeing"}, "477");
@@ -622,6 +624,7 @@ void TestAircraftLoaderPage::textFileThatIsAFolderIsReported()
 
 void TestAircraftLoaderPage::textFileThatMayNotBeReadIsReported()
 {
+    NEEDS(permissions);
     AircraftLoaderDriver user;
     user.writeTextFile(anyTextFile);
     const OrdinaryUser rights(user.sandbox);

@@ -180,6 +180,7 @@ void TestAvailableAircraft::subFolderWithoutAircraftCfgIsPassedOver()
 
 void TestAvailableAircraft::fileNameIsFoundInEveryCase()
 {
+    NEEDS(casesApart);
     Walk walk;
     walk.writeCfg("A320", "[fltsim.0]\r\ntitle=A\r\ncruise_speed=1\r\n", "AIRCRAFT.CFG");
     walk.writeCfg("B734", "[fltsim.0]\r\ntitle=B\r\ncruise_speed=2\r\n", "Aircraft.cfg");
@@ -410,6 +411,7 @@ void TestAvailableAircraft::failedFileAfterAFolderWithDataAddsItsFolderButNoTitl
 
 void TestAvailableAircraft::fileThatMayNotBeReadIsReportedAndTheWalkGoesOn()
 {
+    NEEDS(permissions);
     Walk walk;
     walk.addAircraft("A", {"Airbus"}, "454");
     walk.writeCfg("B", "[fltsim.0]\r\ntitle=Boeing\r\ncruise_speed=1\r\n", "Aircraft.CFG");
@@ -426,6 +428,7 @@ void TestAvailableAircraft::fileThatMayNotBeReadIsReportedAndTheWalkGoesOn()
 
 void TestAvailableAircraft::linkToNowhereIsReportedAndTheWalkGoesOn()
 {
+    NEEDS(links);
     Walk walk;
     walk.sandbox.makeFolder(inDirectory("A"));
     QVERIFY(QFile::link("nowhere.cfg", walk.host("A/aircraft.cfg")));
@@ -438,6 +441,7 @@ void TestAvailableAircraft::linkToNowhereIsReportedAndTheWalkGoesOn()
 
 void TestAvailableAircraft::folderThatMayNotBeReadEndsTheWalk()
 {
+    NEEDS(permissions);
     Walk walk;
     walk.addAircraft("A", {"Airbus"}, "454");
     walk.addAircraft("B", {"Boeing"}, "477");
@@ -483,6 +487,7 @@ void TestAvailableAircraft::directoryThatIsGoneEndsTheWalk()
 
 void TestAvailableAircraft::folderThatIsALinkToItselfIsNoFolder()
 {
+    NEEDS(links);
     Walk walk;
     walk.addAircraft("A", {"Airbus"}, "454");
     QVERIFY(QFile::link("Circle", walk.host("Circle")));
@@ -503,6 +508,7 @@ void TestAvailableAircraft::folderThatIsALinkToItselfIsNoFolder()
 
 void TestAvailableAircraft::linkToTheDirectoryItselfIsVisitedOnce()
 {
+    NEEDS(links);
     Walk walk;
     walk.addAircraft("A", {"Airbus"}, "454");
     QVERIFY(QFile::link(".", walk.host("Self")));
@@ -513,6 +519,7 @@ void TestAvailableAircraft::linkToTheDirectoryItselfIsVisitedOnce()
 
 void TestAvailableAircraft::linkToAnAircraftElsewhereIsFollowed()
 {
+    NEEDS(links);
     Walk walk;
     walk.sandbox.write("C:\\Elsewhere\\aircraft.cfg",
                        "[fltsim.0]\r\ntitle=Boeing\r\ncruise_speed=477\r\n");

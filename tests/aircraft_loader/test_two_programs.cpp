@@ -28,8 +28,9 @@ const QString aircraftDir = QStringLiteral("C:\\FS9\\Aircraft");
 const QString textFile = QStringLiteral("C:\\TTools\\Aircraft_Set.txt");
 
 /// Loads the lists, waits for a sign, and adds all aircraft of a maker. Returns the exit code.
-int addAircraftOf(const QString &maker)
+int addAircraftOf(const QString &maker, const QString &drivesFolder)
 {
+    const HostDrives drives(drivesFolder);
     FakeOutside outside;
     Services services(outside.outside());
     services.state.MorlenEDir = "C:\\Morlen\\";
@@ -66,15 +67,15 @@ int addAircraftOf(const QString &maker)
 class Copy
 {
 public:
-    explicit Copy(const QString &maker)
+    Copy(const QString &maker, const Sandbox &sandbox)
     {
         m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        m_process.start(QCoreApplication::applicationFilePath(), {maker});
+        m_process.start(QCoreApplication::applicationFilePath(), {maker, sandbox.prefix()});
     }
 
     bool isReady()
     {
-        return m_process.waitForReadyRead(60'000) && m_process.readLine() == "ready\n";
+        return m_process.waitForReadyRead(60'000) && m_process.readLine().trimmed() == "ready";
     }
 
     void go()
@@ -124,8 +125,8 @@ void TestTwoPrograms::noLineIsTornAndNoNumberUsedTwice()
         }
         sandbox.write(aircraftDir + '\\' + maker + "\\aircraft.cfg", cfg + "cruise_speed=450\r\n");
     }
-    Copy one(makers[0]);
-    Copy other(makers[1]);
+    Copy one(makers[0], sandbox);
+    Copy other(makers[1], sandbox);
     QVERIFY(one.isReady());
     QVERIFY(other.isReady());
     one.go();
@@ -156,9 +157,9 @@ void TestTwoPrograms::noLineIsTornAndNoNumberUsedTwice()
 int main(int argc, char *argv[])
 {
     const QApplication application(argc, argv);
-    const QStringList makers = QCoreApplication::arguments().sliced(1);
-    if (!makers.isEmpty() && !makers.first().startsWith('-')) {
-        return addAircraftOf(makers.first());
+    const QStringList words = QCoreApplication::arguments().sliced(1);
+    if (words.size() == 2 && !words.first().startsWith('-')) {
+        return addAircraftOf(words[0], words[1]);
     }
     TestTwoPrograms test;
     return QTest::qExec(&test, argc, argv);

@@ -2,18 +2,14 @@
 // The airport text file on page 1: choosing it, appending to it, editing it.
 #include "app/services/services.h"
 #include "tests/support/airport_loader_driver.h"
-#include "tests/support/file_size_limit.h"
+#include "tests/support/failing_calls.h"
+#include "tests/support/host.h"
 
 #include <QDir>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QtTest>
-
-#include <cerrno>
-
-#include <sys/syscall.h>
-#include <unistd.h>
 
 namespace
 {
@@ -77,8 +73,6 @@ QByteArray line(const QByteArray &country, const QByteArray &province, const QBy
            "\r\n";
 }
 
-bool syncFails = false;
-
 /// A path of so many characters whose file name is a valid one.
 QString pathOfLength(qsizetype length)
 {
@@ -120,13 +114,6 @@ private:
 };
 
 } // namespace
-
-/// Stands before the C library's.
-extern "C" int fsync(int descriptor)
-{
-    errno = EIO;
-    return syncFails ? -1 : static_cast<int>(::syscall(SYS_fsync, descriptor));
-}
 
 class TestAirportFile : public QObject
 {
@@ -386,6 +373,7 @@ void TestAirportFile::fileThatCannotBeReadIsReported()
 
 void TestAirportFile::fileThatMayNotBeReadIsReported()
 {
+    NEEDS(permissions);
     FilePage user;
     const OrdinaryUser rights(user.sandbox);
     QVERIFY(
@@ -824,6 +812,7 @@ void TestAirportFile::emptyMasterListWritesNothing()
 
 void TestAirportFile::readOnlyFileIsReportedAndLeftAlone()
 {
+    NEEDS(permissions);
     FilePage user;
     const OrdinaryUser rights(user.sandbox);
     QVERIFY(
@@ -871,6 +860,7 @@ void TestAirportFile::fullDiskLeavesTheBytesThatWereThere_data()
 
 void TestAirportFile::fullDiskLeavesTheBytesThatWereThere()
 {
+    NEEDS(sizeLimit);
     QFETCH(int, room);
     // A megabyte, so that the limit is out of the way of everything else the test writes.
     const QByteArray before = QByteArray("//an earlier line of the file\r\n").repeated(33'000);
@@ -885,10 +875,11 @@ void TestAirportFile::fullDiskLeavesTheBytesThatWereThere()
 
 void TestAirportFile::linesThatDoNotReachTheDiskAreReported()
 {
+    NEEDS(failingCalls);
     FilePage user;
-    syncFails = true;
+    failing_calls::syncFails = [] { return true; };
     user.append({"Germany"});
-    syncFails = false;
+    failing_calls::syncFails = nullptr;
     QCOMPARE(user.messages(), QStringList{openFailed + "57 Device I/O error" + openStep});
 }
 

@@ -25,6 +25,11 @@ const QByteArray neighbours = "Guinea|||Conakry|GUCY|a\r\n"
                               "GUINEA|||Shouting|GUXX|c\r\n"
                               " Guinea|||Blank|GUYY|d\r\n";
 
+QByteArray open(Step &step)
+{
+    return master_airport_list::OpenOCX("C:\\Morlen\\", step);
+}
+
 Listing countriesOf(const QByteArray &list)
 {
     return master_airport_list::countries(list, [](int) {});
@@ -63,6 +68,7 @@ private Q_SLOTS:
     void nulCharactersInTheSystemDirectoryBufferVanish_data();
     void nulCharactersInTheSystemDirectoryBufferVanish();
     void listIsReadFromTheSystemDirectory();
+    void listBesideTheProgramServesWhereTheSystemHasNone();
     void listIsReadAnewEachTime();
     void missingListFailsInTheStepThatNamesItsPath();
     void missingSystemDirectoryIsPathNotFound();
@@ -167,8 +173,24 @@ void TestMasterAirportList::listIsReadFromTheSystemDirectory()
     const QByteArray bytes = QByteArrayLiteral("a|b|c|d|e|f\r\n\0\xFF\n\x1Ag|h");
     sandbox.write(listPath, bytes);
     Steps steps;
-    QCOMPARE(master_airport_list::OpenOCX(steps.step), bytes);
+    QCOMPARE(open(steps.step), bytes);
     QCOMPARE(steps.ErrMsg, "Loading " + listPath);
+}
+
+void TestMasterAirportList::listBesideTheProgramServesWhereTheSystemHasNone()
+{
+    const Sandbox sandbox;
+    const auto readIn = [&](const QString &folder) {
+        sandbox.write(folder + "\\ZENTAM.OCX", folder.toLatin1());
+        Steps steps;
+        const QByteArray list = open(steps.step);
+        return list + ", " + steps.ErrMsg.toLatin1();
+    };
+    QCOMPARE(readIn("C:\\Morlen"), QByteArray("C:\\Morlen, Loading C:\\Morlen\\ZENTAM.OCX"));
+    QCOMPARE(readIn("C:\\windows\\SysWOW64"), QByteArray("C:\\windows\\SysWOW64, Loading "
+                                                         "C:\\windows\\SysWOW64\\ZENTAM.OCX"));
+    QCOMPARE(readIn("C:\\windows\\system32"),
+             "C:\\windows\\system32, Loading " + listPath.toLatin1());
 }
 
 void TestMasterAirportList::listIsReadAnewEachTime()
@@ -176,17 +198,16 @@ void TestMasterAirportList::listIsReadAnewEachTime()
     const Sandbox sandbox;
     Steps steps;
     sandbox.write(listPath, "");
-    QCOMPARE(master_airport_list::OpenOCX(steps.step), "");
+    QCOMPARE(open(steps.step), "");
     sandbox.write(listPath, smallAirportList);
-    QCOMPARE(master_airport_list::OpenOCX(steps.step), smallAirportList);
+    QCOMPARE(open(steps.step), smallAirportList);
 }
 
 void TestMasterAirportList::missingListFailsInTheStepThatNamesItsPath()
 {
     const Sandbox sandbox;
     Steps steps;
-    QCOMPARE(steps.failureOf(master_airport_list::OpenOCX),
-             "53 File not found: Loading " + listPath);
+    QCOMPARE(steps.failureOf(open), "53 File not found: Loading " + listPath);
 }
 
 void TestMasterAirportList::missingSystemDirectoryIsPathNotFound()
@@ -194,8 +215,7 @@ void TestMasterAirportList::missingSystemDirectoryIsPathNotFound()
     const Sandbox sandbox;
     QVERIFY(QDir().rmdir(sandbox.host("C:\\windows\\system32")));
     Steps steps;
-    QCOMPARE(steps.failureOf(master_airport_list::OpenOCX),
-             "76 Path not found: Loading " + listPath);
+    QCOMPARE(steps.failureOf(open), "76 Path not found: Loading " + listPath);
 }
 
 void TestMasterAirportList::listThatIsAFolderIsRefused()
@@ -203,19 +223,18 @@ void TestMasterAirportList::listThatIsAFolderIsRefused()
     const Sandbox sandbox;
     sandbox.makeFolder(listPath);
     Steps steps;
-    QCOMPARE(steps.failureOf(master_airport_list::OpenOCX),
-             "75 Path/File access error: Loading " + listPath);
+    QCOMPARE(steps.failureOf(open), "75 Path/File access error: Loading " + listPath);
 }
 
 void TestMasterAirportList::listThatMayNotBeReadIsRefused()
 {
+    NEEDS(permissions);
     const Sandbox sandbox;
     sandbox.write(listPath, smallAirportList);
     QVERIFY(QFile::setPermissions(sandbox.host(listPath), QFile::WriteOwner));
     const OrdinaryUser user(sandbox);
     Steps steps;
-    QCOMPARE(steps.failureOf(master_airport_list::OpenOCX),
-             "75 Path/File access error: Loading " + listPath);
+    QCOMPARE(steps.failureOf(open), "75 Path/File access error: Loading " + listPath);
 }
 
 void TestMasterAirportList::countriesAreListedOnceForLinesThatStandTogether()

@@ -102,6 +102,7 @@ void TestFrmAbout::showsProductVersionContactAndSystem()
 
 void TestFrmAbout::labelsAreWideEnoughForTheirTexts()
 {
+    NEEDS(usualFonts);
     AboutBox about;
     frmAbout box(about.outside.outside(),
                  QString("Terminal Services is installed , ").repeated(12));

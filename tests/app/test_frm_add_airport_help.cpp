@@ -2,6 +2,7 @@
 // The reminder of how airports are added, and the box that turns it off.
 #include "app/frm_add_airport_help.h"
 #include "tests/support/find_control.h"
+#include "tests/support/host.h"
 
 #include <QCheckBox>
 #include <QLabel>
@@ -72,6 +73,7 @@ void TestFrmAddAirportHelp::wholeTextIsVisible_data()
 
 void TestFrmAddAirportHelp::wholeTextIsVisible()
 {
+    NEEDS(usualFonts);
     QFETCH(int, points);
     bool isDue = true;
     frmAddAirportHelp help(isDue);

@@ -4,7 +4,7 @@
 #include "app/services/link_label.h"
 #include "platform/controls/dir_list_box.h"
 #include "platform/controls/list_box.h"
-#include "tests/support/file_size_limit.h"
+#include "tests/support/host.h"
 #include "tests/support/program.h"
 
 #include <QAction>
@@ -347,6 +347,7 @@ void TestMainWindow::settingsThatCannotBeWrittenAreReportedAndTheProgramGoesOn()
 
 void TestMainWindow::readOnlySettingsAreReportedAndKept()
 {
+    NEEDS(permissions);
     Program program;
     program.rememberUsualRun("3");
     program.start();
@@ -364,6 +365,7 @@ void TestMainWindow::readOnlySettingsAreReportedAndKept()
 
 void TestMainWindow::fullDiskIsReportedAndKeepsTheOldSettings()
 {
+    NEEDS(sizeLimit);
     Program program;
     program.rememberUsualRun("3");
     program.start();

@@ -583,8 +583,8 @@ void TestStartUp::savedDriveThatIsGoneIsReportedAndTheRestGoesOn()
 void TestStartUp::savedDriveComesBackWhereverTheDirectoryLies()
 {
     Program program;
-    const QTemporaryDir stick;
-    QFile::link(stick.path(), program.sandbox.prefix() + "/dosdevices/d:");
+    program.sandbox.makeFolder("C:\\Stick");
+    program.sandbox.addDrive('d', "C:\\Stick");
     program.rememberUsualRun("3");
     program.start();
     program.find<DriveListBox>("Tab3Drive1")->setCurrentText("d:");
@@ -630,8 +630,8 @@ void TestStartUp::whatTheUserChoosesInsteadIsSaved()
     Program program;
     program.remember("0", "", "q:", "Q:\\FS9\\Aircraft", "Q:\\Aircraft_Stick.txt", "True");
     program.start();
-    const QTemporaryDir stick;
-    QFile::link(stick.path(), program.sandbox.prefix() + "/dosdevices/d:");
+    program.sandbox.makeFolder("C:\\Stick");
+    program.sandbox.addDrive('d', "C:\\Stick");
     // The directory is the registry's, which stood there already.
     Q_EMIT program.find<DirListBox>("Dir1")->folderChosen("C:\\FS9");
     Q_EMIT program.find<DirListBox>("Dir1")->folderChosen(Program::aircraftDir);
@@ -645,6 +645,7 @@ void TestStartUp::whatTheUserChoosesInsteadIsSaved()
 
 void TestStartUp::unwritableProgramFolderIsReportedOnceAndItsSettingsUsed()
 {
+    NEEDS(permissions);
     for (const bool withSettings : {true, false}) {
         Program program;
         if (withSettings) {
@@ -667,6 +668,7 @@ void TestStartUp::unwritableProgramFolderIsReportedOnceAndItsSettingsUsed()
 
 void TestStartUp::quittingFromAnUnwritableProgramFolderEndsAfterItsMessage()
 {
+    NEEDS(permissions);
     Program program;
     program.rememberUsualRun("3");
     const QByteArray before = program.sandbox.read(Program::settingsFile);

@@ -111,6 +111,7 @@ void TestAircraftCatalogue::rootGoesByTheLastWord()
 
 void TestAircraftCatalogue::listsStayIndexForIndexWhenFilesAreSkipped()
 {
+    NEEDS(casesApart);
     Walk walk;
     walk.add("a", fourKeys + "panel=wide\r\n");
     walk.add("b", "");
@@ -162,6 +163,7 @@ void TestAircraftCatalogue::longNameIsCutInTheListingOnly()
 
 void TestAircraftCatalogue::unreadableFileIsReportedAndTheWalkGoesOn()
 {
+    NEEDS(permissions);
     Walk walk;
     walk.add("a", fourKeys);
     walk.add("b", fourKeys);
@@ -176,6 +178,7 @@ void TestAircraftCatalogue::unreadableFileIsReportedAndTheWalkGoesOn()
 
 void TestAircraftCatalogue::fileThatOpensButCannotBeReadIsReportedToo()
 {
+    NEEDS(links);
     Walk walk;
     walk.add("b", fourKeys);
     QVERIFY(QDir(walk.host("b")).mkpath("../a"));

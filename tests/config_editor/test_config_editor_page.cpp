@@ -326,6 +326,7 @@ void TestConfigEditorPage::loadingIsTraced()
 
 void TestConfigEditorPage::loadingThatFailsIsReportedWithItsStep()
 {
+    NEEDS(permissions);
     Editor editor;
     for (const char *folder : {"a", "b", "c"}) {
         editor.add(folder);
@@ -345,6 +346,7 @@ void TestConfigEditorPage::loadingThatFailsIsReportedWithItsStep()
 
 void TestConfigEditorPage::loadingIsShownInPlaceOfTheList()
 {
+    NEEDS(permissions);
     Editor editor;
     const OrdinaryUser user(editor.sandbox);
     for (const char *folder : {"a", "b", "c"}) { // the message of each is shown half way
@@ -374,9 +376,8 @@ void TestConfigEditorPage::loadingIsShownInPlaceOfTheList()
 void TestConfigEditorPage::driveThatIsNotReadyIsTakenBack()
 {
     Editor editor;
-    QVERIFY(
-        QFile::link(editor.sandbox.host("C:\\Gone"), editor.sandbox.prefix() + "/dosdevices/d:"));
     editor.sandbox.makeFolder("C:\\Gone");
+    editor.sandbox.addDrive('d', "C:\\Gone");
     editor.window = std::make_unique<ConfigEditorPage>(editor.services);
     editor.window->show();
     editor.start();
@@ -631,6 +632,7 @@ void TestConfigEditorPage::withoutAliasThePanelIsOpenedAtOnce()
 
 void TestConfigEditorPage::panelThatCannotBeReadIsReported()
 {
+    NEEDS(permissions);
     Editor editor;
     editor.add("a");
     editor.addPanel("a\\Panel", "alias=b\r\n");
@@ -753,6 +755,8 @@ void TestConfigEditorPage::notepadTakesAnyNameAsOneArgument_data()
 
 void TestConfigEditorPage::notepadTakesAnyNameAsOneArgument()
 {
+    NEEDS(permissions);
+    NEEDS(shellScripts);
     QFETCH(QString, folder);
     Editor editor;
     editor.add(folder);
@@ -849,6 +853,7 @@ void TestConfigEditorPage::viewedListingLeavesTheBoxTicked()
 
 void TestConfigEditorPage::readOnlyListingIsReportedAndStaysAsItWas()
 {
+    NEEDS(permissions);
     Editor editor;
     editor.add("a");
     editor.start();

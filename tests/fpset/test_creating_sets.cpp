@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Page 2's last step and its Clear: which files a set leaves behind, whatever went before.
-#include "tests/support/file_size_limit.h"
 #include "tests/support/fpset_driver.h"
+#include "tests/support/host.h"
 
 namespace
 {
@@ -240,6 +240,7 @@ void TestCreatingSets::cancelledAircraftDialogFailsAtTheCreation()
 
 void TestCreatingSets::fullDiskIsReportedAndNothingIsLost()
 {
+    NEEDS(sizeLimit);
     NamingUser user;
     user.sandbox.write(airports, "the user's airports");
     user.sandbox.write(FpSetDriver::oldAirports, QByteArray(5000, 'x'));
@@ -268,6 +269,7 @@ void TestCreatingSets::goneDirectoryIsReported()
 
 void TestCreatingSets::readOnlyDirectoryIsReported()
 {
+    NEEDS(permissions);
     NamingUser user;
     user.createAirports();
     user.createAircraft();
@@ -315,6 +317,7 @@ void TestCreatingSets::secondSetFollowsTheFirst()
 
 void TestCreatingSets::clearAfterAirportsWereAddedDeletesThem()
 {
+    NEEDS(trashFolder);
     NamingUser user;
     user.createAirports();
     user.addAirports();
@@ -342,6 +345,7 @@ void TestCreatingSets::clearBeforeAnyAirportWasAddedDeletesNothing()
 
 void TestCreatingSets::clearAfterAircraftWereAddedDeletesThem()
 {
+    NEEDS(trashFolder);
     NamingUser user;
     user.createAirports();
     user.createAircraft();
@@ -368,6 +372,7 @@ void TestCreatingSets::clearTellsInOneNoticeWhatIsInTheTrash()
 
 void TestCreatingSets::withoutATrashClearTellsOfNone()
 {
+    NEEDS(trashFolder);
     NamingUser user;
     user.sandbox.write("C:\\share\\Trash", "no folder");
     user.createAirports();
@@ -379,6 +384,7 @@ void TestCreatingSets::withoutATrashClearTellsOfNone()
 
 void TestCreatingSets::clearLeavesTheNewAircraftFlagToo()
 {
+    NEEDS(trashFolder);
     NamingUser user;
     user.createAirports();
     user.createAircraft();
@@ -392,6 +398,7 @@ void TestCreatingSets::clearLeavesTheNewAircraftFlagToo()
 
 void TestCreatingSets::pathsOfANameInUseStaySet()
 {
+    NEEDS(trashFolder);
     NamingUser user;
     user.createAirports();
     user.createAircraft();
@@ -509,6 +516,7 @@ void TestCreatingSets::clearWithoutTToolsReturnsToTheDirectoryState()
 
 void TestCreatingSets::fileThatCannotBeDeletedIsReportedAndThePageClearedAllTheSame()
 {
+    NEEDS(permissions);
     NamingUser user;
     user.createAirports();
     user.addAirports();

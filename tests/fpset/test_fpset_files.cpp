@@ -4,7 +4,7 @@
 
 #include "platform/files.h"
 #include "tests/support/failure.h"
-#include "tests/support/file_size_limit.h"
+#include "tests/support/host.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/steps.h"
 
@@ -226,6 +226,7 @@ void TestFpSetFiles::targetItselfAsSourceIsAnErrorInEverySpelling()
 
 void TestFpSetFiles::linkToTheTargetAsSourceIsAnError()
 {
+    NEEDS(links);
     Desk desk;
     desk.sandbox.write(target, "the user's airports");
     QVERIFY(QFile::link(desk.sandbox.host(target), desk.sandbox.host(source)));
@@ -275,6 +276,7 @@ void TestFpSetFiles::accentedNameIsCreated()
 
 void TestFpSetFiles::readOnlyDirectoryIsAnErrorAndNothingIsLost()
 {
+    NEEDS(permissions);
     Desk desk;
     desk.sandbox.write(source, "new");
     desk.sandbox.write(target, "the user's airports");
@@ -291,6 +293,7 @@ void TestFpSetFiles::readOnlyDirectoryIsAnErrorAndNothingIsLost()
 
 void TestFpSetFiles::readOnlyTargetIsAnErrorAndNothingIsLost()
 {
+    NEEDS(permissions);
     Desk desk;
     desk.sandbox.write(source, "new");
     desk.sandbox.write(target, "the user's airports");
@@ -303,6 +306,7 @@ void TestFpSetFiles::readOnlyTargetIsAnErrorAndNothingIsLost()
 
 void TestFpSetFiles::fullDiskIsAnErrorAndTheTargetStays()
 {
+    NEEDS(sizeLimit);
     Desk desk;
     desk.sandbox.write(source, QByteArray(5000, 'x'));
     desk.sandbox.write(target, "the user's airports");
@@ -322,6 +326,7 @@ void TestFpSetFiles::goneDirectoryIsAnError()
 
 void TestFpSetFiles::discardedFileGoesToTheTrash()
 {
+    NEEDS(trashFolder);
     Desk desk;
     desk.sandbox.write(target, "airports of a set given up");
     QCOMPARE(fpset_files::discard(target, desk.step), Discarded::Trashed);
@@ -334,6 +339,7 @@ void TestFpSetFiles::discardedFileGoesToTheTrash()
 
 void TestFpSetFiles::withoutATrashTheContentIsBackedUp()
 {
+    NEEDS(trashFolder);
     Desk desk;
     desk.sandbox.write("C:\\share\\Trash", "no folder");
     desk.sandbox.write(target, "airports of a set given up");

@@ -536,6 +536,7 @@ void TestFpSetPage::aircraftNameWindowsRefusesKeepsTheStep()
 
 void TestFpSetPage::readOnlyDirectoryKeepsTheAircraftStep()
 {
+    NEEDS(permissions);
     User user;
     user.name();
     user.createAirports();

@@ -11,10 +11,6 @@
 
 #include <functional>
 
-#include <sys/resource.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 namespace
 {
 
@@ -43,28 +39,6 @@ QStringList foundIn(
     return found;
 }
 
-/// Leaves the process so many descriptors.
-class DescriptorLimit
-{
-public:
-    explicit DescriptorLimit(int free)
-    {
-        const int lowest = ::dup(STDIN_FILENO);
-        ::close(lowest);
-        ::getrlimit(RLIMIT_NOFILE, &m_before);
-        const rlimit limit = {static_cast<rlim_t>(lowest + free), m_before.rlim_max};
-        ::setrlimit(RLIMIT_NOFILE, &limit);
-    }
-
-    ~DescriptorLimit() { ::setrlimit(RLIMIT_NOFILE, &m_before); }
-
-    DescriptorLimit(const DescriptorLimit &) = delete;
-    DescriptorLimit &operator=(const DescriptorLimit &) = delete;
-
-private:
-    rlimit m_before = {};
-};
-
 } // namespace
 
 class TestSubFolderReader : public QObject
@@ -77,18 +51,15 @@ private Q_SLOTS:
     void moreFilesThanAreOpenedAheadComeInOrder();
     void longAndShortFilesAreReadIntoTheSameMemory();
     void reasonWhyAFileCannotBeReadIsKept();
-    void openingAndReadingFailApart();
-    void whatIsNoFileOfThisSizeFailsAtOnce();
     void folderThatCannotBeOpenedFails();
     void subFolderThatVanishedFailsAndTheNextIsRead();
     void folderThatVanishedFails();
     void unreadableSubFolderFails();
-    void fewDescriptorsAreEnoughForAllFiles_data();
-    void fewDescriptorsAreEnoughForAllFiles();
 };
 
 void TestSubFolderReader::namesAreFoundBlindToCase()
 {
+    NEEDS(casesApart);
     const Sandbox sandbox;
     sandbox.write("C:\\FS9\\A\\aircraft.cfg", "exact");
     sandbox.write("C:\\FS9\\B\\AIRCRAFT.Cfg", "other case");
@@ -102,6 +73,7 @@ void TestSubFolderReader::namesAreFoundBlindToCase()
 
 void TestSubFolderReader::foldersOfTheNameArePassedOver()
 {
+    NEEDS(casesApart);
     const Sandbox sandbox;
     sandbox.makeFolder("C:\\FS9\\A\\aircraft.cfg");
     sandbox.makeFolder("C:\\FS9\\B\\aircraft.cfg");
@@ -111,6 +83,7 @@ void TestSubFolderReader::foldersOfTheNameArePassedOver()
 
 void TestSubFolderReader::moreFilesThanAreOpenedAheadComeInOrder()
 {
+    NEEDS(casesApart);
     const Sandbox sandbox;
     QStringList names;
     QStringList expected;
@@ -144,6 +117,8 @@ void TestSubFolderReader::longAndShortFilesAreReadIntoTheSameMemory()
 
 void TestSubFolderReader::reasonWhyAFileCannotBeReadIsKept()
 {
+    NEEDS(permissions);
+    NEEDS(links);
     const Sandbox sandbox;
     sandbox.write("C:\\FS9\\A\\aircraft.cfg", "closed");
     sandbox.write("C:\\FS9\\B\\aircraft.cfg", "open");
@@ -156,41 +131,9 @@ void TestSubFolderReader::reasonWhyAFileCannotBeReadIsKept()
                           "aircraft.cfg: Path not found"}));
 }
 
-void TestSubFolderReader::openingAndReadingFailApart()
-{
-    const Sandbox sandbox;
-    for (const char *name : {"A", "B"}) {
-        sandbox.makeFolder(folder + '\\' + name);
-    }
-    QVERIFY(QFile::link("nowhere", sandbox.host("C:\\FS9\\A\\aircraft.cfg")));
-    QVERIFY(QFile::link("/proc/self/mem", sandbox.host("C:\\FS9\\B\\aircraft.cfg")));
-    files::SubFolderReader reader(folder, {"A", "B"}, "aircraft.cfg");
-    const files::FoundFile notOpened = reader.next();
-    QVERIFY(!notOpened.opened);
-    QCOMPARE(notOpened.failure->description(), QString("File not found"));
-    const files::FoundFile notRead = reader.next();
-    QVERIFY(notRead.opened);
-    QCOMPARE(notRead.failure->description(), QString("Device I/O error"));
-}
-
-void TestSubFolderReader::whatIsNoFileOfThisSizeFailsAtOnce()
-{
-    const Sandbox sandbox;
-    for (const QString name : {"Device", "Large", "Pipe"}) {
-        sandbox.makeFolder(folder + '\\' + name);
-    }
-    QVERIFY(QFile::link("/dev/zero", sandbox.host("C:\\FS9\\Device\\aircraft.cfg")));
-    sandbox.write("C:\\FS9\\Large\\aircraft.cfg", {});
-    QVERIFY(QFile::resize(sandbox.host("C:\\FS9\\Large\\aircraft.cfg"), (256 << 20) + 1));
-    const QByteArray pipe = QFile::encodeName(sandbox.host("C:\\FS9\\Pipe\\aircraft.cfg"));
-    QCOMPARE(::mkfifo(pipe.constData(), 0600), 0);
-    QCOMPARE(foundIn({"Device", "Large", "Pipe"}),
-             (QStringList{"aircraft.cfg: Path/File access error", "aircraft.cfg: Out of memory",
-                          "aircraft.cfg: Path/File access error"}));
-}
-
 void TestSubFolderReader::folderThatCannotBeOpenedFails()
 {
+    NEEDS(permissions);
     const Sandbox sandbox;
     sandbox.write("C:\\File", "");
     for (const char *path : {"C:\\File", "C:\\None"}) {
@@ -227,41 +170,12 @@ void TestSubFolderReader::folderThatVanishedFails()
 
 void TestSubFolderReader::unreadableSubFolderFails()
 {
+    NEEDS(permissions);
     const Sandbox sandbox;
     sandbox.write("C:\\FS9\\A\\aircraft.cfg", "");
     QVERIFY(QFile::setPermissions(sandbox.host("C:\\FS9\\A"), {}));
     const OrdinaryUser user(sandbox);
     QCOMPARE(foundIn({"A"}), QStringList{"[75 Path/File access error]"});
-}
-
-void TestSubFolderReader::fewDescriptorsAreEnoughForAllFiles_data()
-{
-    QTest::addColumn<int>("free");
-    for (const int free : {3, 10, 16, 33, 40, 60}) {
-        QTest::newRow(qPrintable(QString::number(free))) << free;
-    }
-}
-
-void TestSubFolderReader::fewDescriptorsAreEnoughForAllFiles()
-{
-    QFETCH(int, free);
-    const Sandbox sandbox;
-    QStringList names;
-    for (int i = 0; i < 100; ++i) {
-        names += QString::number(i);
-        sandbox.write(folder + '\\' + names.last() +
-                          (i % 3 == 0 ? "\\AIRCRAFT.CFG" : "\\aircraft.cfg"),
-                      QByteArray::number(i));
-    }
-    files::SubFolderReader reader(folder, names, "aircraft.cfg");
-    const DescriptorLimit limit(free);
-    for (const QString &name : names) {
-        const files::FoundFile &found = reader.next();
-        QVERIFY(!found.failure);
-        QCOMPARE(found.content, name.toLatin1());
-        // Who works on the file can open others.
-        QCOMPARE(files::filesMatching(folder + '\\' + name, "*.cfg").size(), 1);
-    }
 }
 
 QTEST_GUILESS_MAIN(TestSubFolderReader)

@@ -8,30 +8,28 @@
 
 #include <stdexcept>
 
-#include <unistd.h>
-
 namespace
 {
-
-constexpr uid_t nobody = 65534;
 
 [[noreturn]] void fail(const QString &what)
 {
     throw std::runtime_error(what.toStdString());
 }
 
+QString made(const QTemporaryDir &folder)
+{
+    const QDir dir(folder.path());
+    if (!folder.isValid() || !dir.mkpath("drive_c/windows/system32") ||
+        !dir.mkpath("drive_c/Morlen")) {
+        fail("cannot make drives in " + folder.path());
+    }
+    return folder.path();
+}
+
 } // namespace
 
-Sandbox::Sandbox()
-    : m_prefix("WINEPREFIX", QFile::encodeName(m_dir.path())), m_oldDirectory(QDir::currentPath())
+Sandbox::Sandbox() : m_drives(made(m_dir)), m_oldDirectory(QDir::currentPath())
 {
-    const QDir dir(m_dir.path());
-    if (!m_dir.isValid() || !dir.mkpath("drive_c/windows/system32") ||
-        !dir.mkpath("drive_c/Morlen") || !dir.mkpath("dosdevices")) {
-        fail("cannot make a prefix in " + m_dir.path());
-    }
-    QFile::link("../drive_c", dir.filePath("dosdevices/c:"));
-    QFile::link("/", dir.filePath("dosdevices/z:"));
     QDir::setCurrent(host("C:\\Morlen"));
 }
 
@@ -49,7 +47,8 @@ Sandbox::~Sandbox()
 
 QString Sandbox::host(const QString &windowsPath) const
 {
-    return m_dir.filePath("drive_c/" + windowsPath.mid(3).replace('\\', '/'));
+    return QDir::toNativeSeparators(
+        m_dir.filePath("drive_c/" + windowsPath.mid(3).replace('\\', '/')));
 }
 
 void Sandbox::makeFolder(const QString &windowsPath) const
@@ -82,29 +81,7 @@ bool Sandbox::exists(const QString &windowsPath) const
     return QFileInfo::exists(host(windowsPath));
 }
 
-OrdinaryUser::OrdinaryUser(const Sandbox &sandbox)
+void Sandbox::addDrive(QChar letter, const QString &windowsPath)
 {
-    if (geteuid() != 0) {
-        return;
-    }
-    const auto own = [](const QString &path) {
-        return lchown(QFile::encodeName(path).constData(), nobody, nobody) == 0;
-    };
-    QDirIterator all(sandbox.prefix(),
-                     QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden | QDir::System,
-                     QDirIterator::Subdirectories);
-    bool good = own(sandbox.prefix());
-    while (all.hasNext()) {
-        good = own(all.next()) && good;
-    }
-    if (!good || seteuid(nobody) != 0) {
-        fail("cannot become an ordinary user");
-    }
-}
-
-OrdinaryUser::~OrdinaryUser()
-{
-    if (getuid() == 0 && seteuid(0) != 0) {
-        qFatal("cannot become root again");
-    }
+    m_drives.add(letter, host(windowsPath));
 }

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
-// A Wine prefix of the test's own: drives, files, a current directory. Never the user's.
+// Drives of the test's own, with files and a current directory. Never the user's.
 #pragma once
 
-#include "tests/support/environment.h"
+#include "tests/support/host.h"
 
 #include <QString>
 #include <QTemporaryDir>
 
-/// Makes a temporary prefix with the drives c: and z:, points $WINEPREFIX at it and makes
+/// Makes temporary drives, in a Wine prefix of their own where the program lives in one, and makes
 /// "C:\Morlen" the current directory; everything is put back at the end.
 class Sandbox
 {
@@ -34,20 +34,11 @@ public:
 
     bool exists(const QString &windowsPath) const;
 
+    /// Makes a folder another drive.
+    void addDrive(QChar letter, const QString &windowsPath);
+
 private:
     QTemporaryDir m_dir;
-    Environment m_prefix;
+    HostDrives m_drives;
     QString m_oldDirectory;
-};
-
-/// For its lifetime the process has no more rights than an ordinary user, even when root runs the
-/// tests: without it "read-only" and "unreadable" would be true for nobody.
-class OrdinaryUser
-{
-public:
-    /// `sandbox` is handed to that user first.
-    explicit OrdinaryUser(const Sandbox &sandbox);
-    ~OrdinaryUser();
-    OrdinaryUser(const OrdinaryUser &) = delete;
-    OrdinaryUser &operator=(const OrdinaryUser &) = delete;
 };

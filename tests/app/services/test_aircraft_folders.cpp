@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Walking through the aircraft folders, alone and with what an earlier walk saw remembered.
 #include "app/services/aircraft_folders.h"
+#include "tests/support/failing_calls.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/steps.h"
 
@@ -8,12 +9,7 @@
 #include <QFile>
 #include <QtTest>
 
-#include <cerrno>
 #include <functional>
-#include <optional>
-
-#include <sys/syscall.h>
-#include <unistd.h>
 
 namespace
 {
@@ -58,20 +54,7 @@ struct Aircraft {
     }
 };
 
-std::optional<int> readsLeft; ///< before reading fails
-
 } // namespace
-
-/// Stands before the system's.
-extern "C" ssize_t read(int descriptor, void *bytes, std::size_t size)
-{
-    if (readsLeft && (*readsLeft)-- <= 0) {
-        readsLeft = 1; // the file is opened once more
-        errno = EIO;
-        return -1;
-    }
-    return ::syscall(SYS_read, descriptor, bytes, size);
-}
 
 class TestAircraftFolders : public QObject
 {
@@ -161,6 +144,7 @@ void TestAircraftFolders::directoryThatIsGoneCannotBeWalked()
 
 void TestAircraftFolders::stepsNameTheFolderAndItsFile()
 {
+    NEEDS(casesApart);
     Aircraft aircraft;
     aircraft.add("A", "Baron");
     aircraft.sandbox.makeFolder(directory + "\\B");
@@ -173,6 +157,7 @@ void TestAircraftFolders::stepsNameTheFolderAndItsFile()
 
 void TestAircraftFolders::failuresToOpenAndToReadAreToldApart()
 {
+    NEEDS(links);
     const Aircraft aircraft;
     for (const char *name : {"A", "B"}) {
         aircraft.sandbox.makeFolder(directory + '\\' + name);
@@ -194,15 +179,17 @@ void TestAircraftFolders::failuresToOpenAndToReadAreToldApart()
 
 void TestAircraftFolders::fileThatBreaksOffGivesTheLineReadLast()
 {
+    NEEDS(failingCalls);
     const Aircraft aircraft;
     aircraft.sandbox.write(directory + "\\A\\aircraft.cfg",
                            "title=Baron\r\nui_type=T" + QByteArray(100'000, 'x'));
     AircraftFolders folders;
     Steps steps;
     AircraftFolders::Walk walk = folders.walk(directory, Content::Editor);
-    readsLeft = 1;
+    // The second read of each time that the file is opened.
+    failing_calls::readFails = [reads = 0]() mutable { return ++reads % 2 == 0; };
     const AircraftFolder seen = *walk.next(steps.step);
-    readsLeft.reset();
+    failing_calls::readFails = nullptr;
     QCOMPARE(seen.editor.failure->description(), QString("Device I/O error"));
     QVERIFY(seen.editor.lastLine.value_or(QString()).startsWith("ui_type=Txxx"));
     QCOMPARE(seen.editor.displayName, QString());

@@ -2,7 +2,7 @@
 // Two generations of copies, and what happens when they cannot be made.
 #include "app/services/backup.h"
 
-#include "tests/support/file_size_limit.h"
+#include "tests/support/host.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/steps.h"
 
@@ -239,6 +239,7 @@ void TestBackup::folderInPlaceOfTheBackupFails()
 
 void TestBackup::readOnlyFolderFailsAtOpeningTheBackup()
 {
+    NEEDS(permissions);
     const Sandbox sandbox;
     sandbox.write(source, "content");
     const OrdinaryUser user(sandbox);
@@ -249,6 +250,7 @@ void TestBackup::readOnlyFolderFailsAtOpeningTheBackup()
 
 void TestBackup::readOnlyFolderLeavesBothGenerations()
 {
+    NEEDS(permissions);
     const Sandbox sandbox;
     sandbox.write(source, "the source of now");
     sandbox.write(backup1, "a copy of yesterday");
@@ -262,6 +264,7 @@ void TestBackup::readOnlyFolderLeavesBothGenerations()
 
 void TestBackup::plantedLinksAreNotFollowed()
 {
+    NEEDS(links);
     const Sandbox sandbox;
     sandbox.write("C:\\Elsewhere\\real.txt", "somebody's own file");
     sandbox.write(source, "the source of now");
@@ -279,6 +282,7 @@ void TestBackup::plantedLinksAreNotFollowed()
 
 void TestBackup::backupIsAsPrivateAsItsSource()
 {
+    NEEDS(permissions);
     const Sandbox sandbox;
     sandbox.write(source, "the source of now");
     QVERIFY(QFile::setPermissions(sandbox.host(source), QFile::ReadOwner | QFile::WriteOwner));
@@ -291,6 +295,7 @@ void TestBackup::backupIsAsPrivateAsItsSource()
 
 void TestBackup::readOnlyBackupFailsAndStays()
 {
+    NEEDS(permissions);
     const Sandbox sandbox;
     sandbox.write(source, "content");
     sandbox.write(backup1, "a protected copy");
@@ -310,6 +315,7 @@ void TestBackup::fullDiskLeavesNoHalfBackup_data()
 
 void TestBackup::fullDiskLeavesNoHalfBackup()
 {
+    NEEDS(sizeLimit);
     QFETCH(int, length);
     const Sandbox sandbox;
     sandbox.write(source, QByteArray(length, 's'));
@@ -323,6 +329,7 @@ void TestBackup::fullDiskLeavesNoHalfBackup()
 
 void TestBackup::fullDiskWhileShiftingLeavesBothGenerations()
 {
+    NEEDS(sizeLimit);
     const Sandbox sandbox;
     sandbox.write(source, "the source of now");
     sandbox.write(backup1, QByteArray(100'000, '1'));
@@ -337,6 +344,7 @@ void TestBackup::fullDiskWhileShiftingLeavesBothGenerations()
 
 void TestBackup::fullDiskAfterShiftingLeavesTheFormerCopy()
 {
+    NEEDS(sizeLimit);
     const Sandbox sandbox;
     sandbox.write(source, QByteArray(100'000, 's'));
     sandbox.write(backup1, "a copy of yesterday");

@@ -272,6 +272,7 @@ void TestShell::folderOfTheNameIsNoMatch()
 
 void TestShell::linkInACircleEndsTheSearch()
 {
+    NEEDS(links);
     Running run;
     run.sandbox.makeFolder("C:\\Tools\\a");
     QVERIFY(QFile::link("..", run.sandbox.host("C:\\Tools\\a\\up")));
@@ -281,6 +282,7 @@ void TestShell::linkInACircleEndsTheSearch()
 
 void TestShell::unreadableFolderIsPassedOver()
 {
+    NEEDS(permissions);
     Running run;
     run.sandbox.makeFolder("C:\\Tools\\a");
     run.sandbox.write("C:\\Tools\\b\\TTools.exe", "MZ");

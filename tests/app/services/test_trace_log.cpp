@@ -5,7 +5,7 @@
 #include "app/services/form_state.h"
 #include "tests/support/failure.h"
 #include "tests/support/fakes.h"
-#include "tests/support/file_size_limit.h"
+#include "tests/support/host.h"
 #include "tests/support/sandbox.h"
 
 #include <QDir>
@@ -183,6 +183,7 @@ void TestTraceLog::logOf50001BytesIsBegunAnewWithOnlyThatEntry()
 
 void TestTraceLog::fileIsClosedAfterEveryEntry()
 {
+    NEEDS(procFolder);
     Tracing trace(true);
     trace.log.write("one");
     const QString host = QFileInfo(trace.sandbox.host(logFile)).canonicalFilePath();
@@ -198,6 +199,7 @@ void TestTraceLog::fileIsClosedAfterEveryEntry()
 
 void TestTraceLog::turningOnWritesTheOpeningBanner()
 {
+    NEEDS(plainLocale);
     Tracing trace(false);
     trace.log.setTracing(true);
     QVERIFY(trace.state.TraceOn);
@@ -229,6 +231,7 @@ void TestTraceLog::turningOnKeepsAnEarlierLog()
 
 void TestTraceLog::turningOffDiscardsTheTrace()
 {
+    NEEDS(plainLocale);
     Tracing trace(true);
     trace.log.write("traced");
     trace.log.setTracing(false);
@@ -241,6 +244,7 @@ void TestTraceLog::turningOffDiscardsTheTrace()
 
 void TestTraceLog::turningOnAndOffAgainLeavesThreeLines()
 {
+    NEEDS(plainLocale);
     Tracing trace(false);
     trace.log.setTracing(true);
     trace.log.write("traced");
@@ -251,6 +255,7 @@ void TestTraceLog::turningOnAndOffAgainLeavesThreeLines()
 
 void TestTraceLog::turningOffWithoutALogLeavesThreeLines()
 {
+    NEEDS(plainLocale);
     Tracing trace(true);
     trace.log.setTracing(false);
     QCOMPARE(trace.bytes(),
@@ -347,6 +352,7 @@ void TestTraceLog::folderInPlaceOfTheLogFails()
 
 void TestTraceLog::readOnlyLogFailsAndStays()
 {
+    NEEDS(permissions);
     Tracing trace(true);
     trace.log.write("one");
     const OrdinaryUser user(trace.sandbox);
@@ -358,6 +364,7 @@ void TestTraceLog::readOnlyLogFailsAndStays()
 
 void TestTraceLog::readOnlyProgramFolderFails()
 {
+    NEEDS(permissions);
     Tracing trace(true);
     const OrdinaryUser user(trace.sandbox);
     QVERIFY(QFile::setPermissions(trace.sandbox.host("C:\\Morlen"),
@@ -368,6 +375,7 @@ void TestTraceLog::readOnlyProgramFolderFails()
 
 void TestTraceLog::fullDiskFailsAndLeavesWholeEntries()
 {
+    NEEDS(sizeLimit);
     Tracing trace(true);
     trace.log.write("one");
     const QByteArray before = trace.bytes();

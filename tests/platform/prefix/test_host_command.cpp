@@ -4,6 +4,7 @@
 
 #include "app/services/notepad_substitutes.h"
 #include "platform/paths.h"
+#include "platform/prefix/prefix.h"
 #include "tests/support/environment.h"
 #include "tests/support/failure.h"
 #include "tests/support/programs.h"

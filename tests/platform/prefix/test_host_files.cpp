@@ -106,6 +106,8 @@ private Q_SLOTS:
     void lockThatIsNeverLetGoIsNotWaitedForForEver();
     void whatCannotBeLockedIsNotWaitedFor();
     void listingLeavesNoHandleOpen();
+    void fileOfNoLengthIsReadWhole();
+    void subFoldersLeaveOutFilesHiddenAndUnspellableNames();
     void hostsErrorsAreTheClassicOnes_data();
     void hostsErrorsAreTheClassicOnes();
 };
@@ -444,6 +446,31 @@ void TestHostFiles::listingLeavesNoHandleOpen()
         QVERIFY(!failureOf([] { files::readAll("C:\\FS9"); }).isEmpty());
     }
     QCOMPARE(openHandles(), before);
+}
+
+void TestHostFiles::fileOfNoLengthIsReadWhole()
+{
+    const Sandbox sandbox;
+    QCOMPARE(files::length("Z:\\proc\\self\\stat"), 0);
+    QVERIFY(files::readAll("Z:\\proc\\self\\stat").size() > 50);
+}
+
+void TestHostFiles::subFoldersLeaveOutFilesHiddenAndUnspellableNames()
+{
+    const Sandbox sandbox;
+    sandbox.write("C:\\FS9\\readme.txt", "");
+    const QDir fs9(sandbox.host("C:\\FS9"));
+    for (const QString name : {"Seen", ".hidden", "a:b", "aux", "back\\slash"}) {
+        QVERIFY(fs9.mkdir(name));
+    }
+    QVERIFY(QFile::link("Seen", fs9.filePath("linked folder")));
+    QVERIFY(QFile::link("readme.txt", fs9.filePath("linked file")));
+    QVERIFY(QFile::link("loop", fs9.filePath("loop")));
+    const QByteArray latin1 = QFile::encodeName(fs9.filePath("Caf")) + '\xE9';
+    QCOMPARE(::mkdir(latin1.constData(), 0777), 0);
+    const QStringList found = files::subFolders("C:\\FS9");
+    ::rmdir(latin1.constData());
+    QCOMPARE(found, (QStringList{"linked folder", "Seen"}));
 }
 
 void TestHostFiles::hostsErrorsAreTheClassicOnes_data()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Windows paths on a Wine prefix.
 #include "platform/paths.h"
+#include "platform/prefix/prefix.h"
 #include "tests/support/environment.h"
 #include "tests/support/failure.h"
 #include "tests/support/sandbox.h"
