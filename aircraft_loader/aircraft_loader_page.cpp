@@ -182,6 +182,9 @@ void AircraftLoaderPage::addChecked()
     auto tidy = qScopeGuard([&] {
         m_list->takeOutWritten(i);
         showExisting();
+        if (added.any()) {
+            Q_EMIT aircraftAddedInPart();
+        }
     });
     for (; i < ui->Tab0List2->count(); ++i) {
         ui->Tab0List2->setListIndex(i);

@@ -71,6 +71,8 @@ Q_SIGNALS:
     void directoryChosen(const QString &directory); ///< by the user
     void textFileChanged(const QString &path);      ///< the one in use; empty for none
     void aircraftAdded();
+    /// Some were added before the rest failed.
+    void aircraftAddedInPart();
     void quitPressed();
     void helpWanted();
 

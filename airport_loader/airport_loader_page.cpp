@@ -301,18 +301,14 @@ void AirportLoaderPage::Tab1cmdCreateFile_Click()
         return;
     }
     bool written = false;
-    if (!m_services.errors.run(fileErrorTitle, [&](Step &step) { written = appendChosen(step); })) {
+    const bool good =
+        m_services.errors.run(fileErrorTitle, [&](Step &step) { appendChosen(written, step); });
+    if (!good && !written) {
         return; // the choices stand, for another try
     }
     m_done = true;
     Q_EMIT airportsAdded(written ? m_state.AirportTextFile : QString());
-    const MessageBox::Answer answer = m_services.dialogs.show(
-        {.prompt =
-             m_state.AirportTextFile + u" Created Successfully!\r\rDo you want to view the file?"_s,
-         .title = u"AI Aircraft Loader"_s,
-         .buttons = MessageBox::Buttons::YesNo,
-         .defaultButton = MessageBox::Answer::No});
-    if (answer == MessageBox::Answer::Yes) {
+    if (good && wantsToView()) {
         ui->Tab1cmdCreateFile->setEnabled(false);
         ui->Tab1List1->setEnabled(false);
         m_services.shell.Shellandwait(u"NOTEPAD.EXE "_s + m_state.AirportTextFile, 0, 1);
@@ -329,7 +325,18 @@ void AirportLoaderPage::Tab1cmdCreateFile_Click()
     }
 }
 
-bool AirportLoaderPage::appendChosen(Step &step)
+bool AirportLoaderPage::wantsToView()
+{
+    return m_services.dialogs.show({.prompt = m_state.AirportTextFile +
+                                              u" Created Successfully!\r\rDo you want to view the "
+                                              "file?"_s,
+                                    .title = u"AI Aircraft Loader"_s,
+                                    .buttons = MessageBox::Buttons::YesNo,
+                                    .defaultButton = MessageBox::Answer::No}) ==
+           MessageBox::Answer::Yes;
+}
+
+void AirportLoaderPage::appendChosen(bool &written, Step &step)
 {
     const bool previousShown = !ui->Tab1cmdPrevious->isHidden();
     if (previousShown) {
@@ -366,10 +373,10 @@ bool AirportLoaderPage::appendChosen(Step &step)
         step.set(u"Open "_s + m_state.AirportTextFile);
         files::appendLines(m_state.AirportTextFile,
                            code_page::encode(lines.join(u"\r\n"_s) + u"\r\n"_s));
+        written = true; // what fails from here on leaves them there
         files::sync(m_state.AirportTextFile);
     }
     m_services.log.write(u"Finished Adding Airports"_s);
-    return !lines.isEmpty();
 }
 
 QStringList AirportLoaderPage::linesOf(const QList<AirportChoice> &choices, Progress &progress,

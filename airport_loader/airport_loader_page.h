@@ -74,8 +74,9 @@ private:
     void forgetDone();
     /// How many hidden entries are older than the visible list: they stand before its own.
     int hiddenOffset() const;
-    /// Appends the airports of all new choices. Returns whether there were any.
-    bool appendChosen(Step &step);
+    /// Appends the airports of all new choices; `written` says once there are any in the file.
+    void appendChosen(bool &written, Step &step);
+    bool wantsToView();
     QStringList linesOf(const QList<AirportChoice> &choices, Progress &progress, Step &step);
 
     Services &m_services;

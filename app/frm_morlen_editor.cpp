@@ -130,6 +130,8 @@ void frmMorlenEditor::connectSet()
     });
     connect(m_aircraftLoader, &AircraftLoaderPage::aircraftAdded, m_fpSet,
             &FpSetPage::continueWithAircraft);
+    connect(m_aircraftLoader, &AircraftLoaderPage::aircraftAddedInPart, m_fpSet,
+            &FpSetPage::keepAircraft);
     connect(m_fpSet, &FpSetPage::setContinues, this, showSet);
     connect(m_fpSet, &FpSetPage::aircraftFileWritten, m_aircraftLoader,
             &AircraftLoaderPage::followFile);

@@ -56,11 +56,14 @@ void Session::create() const
 
 std::optional<Settings> Session::read()
 {
-    constexpr qint64 shortestLength = 11;
-    if (!files::exists(path()) || files::length(path()) < shortestLength) {
+    constexpr qsizetype shortestLength = 11;
+    m_unread = true;
+    const QByteArray bytes = files::exists(path()) ? files::readAll(path()) : QByteArray();
+    m_unread = false;
+    if (bytes.size() < shortestLength) {
         return std::nullopt;
     }
-    settings_file::parse(files::readAll(path()), m_notRestored);
+    settings_file::parse(bytes, m_notRestored);
     return m_notRestored;
 }
 
@@ -90,6 +93,9 @@ Settings Session::current(const QString &drive) const
 
 void Session::save(const QString &drive)
 {
+    if (m_unread) {
+        read();
+    }
     Settings settings = current(drive);
     for (const auto line : lines) {
         if (settings.*line == m_atBegin.*line && !(m_notRestored.*line).isEmpty()) {

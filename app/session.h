@@ -56,7 +56,8 @@ public:
     /// The user chose the aircraft directory, be it the one that stood there.
     void directoryChosen() { m_notRestored.aircraftDir.clear(); }
 
-    /// Saves how the program is left, page 3 on a drive. Throws RuntimeError.
+    /// Saves how the program is left, page 3 on a drive. What could not be read at the start is
+    /// read now: nothing is written over unseen. Throws RuntimeError.
     void save(const QString &drive);
 
 private:
@@ -66,5 +67,6 @@ private:
     FormState &m_state;
     TraceLog &m_log;
     Settings m_notRestored; ///< as read; empty lines are not missed
+    bool m_unread = false;  ///< the file could not be read: what stands in it is not known
     Settings m_atBegin;     ///< what would have been saved then
 };

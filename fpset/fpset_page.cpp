@@ -96,9 +96,14 @@ void FpSetPage::continueWithAirports(const QString &path)
     }
 }
 
-void FpSetPage::continueWithAircraft()
+void FpSetPage::keepAircraft()
 {
     m_set.AddAircraftFlag = true;
+}
+
+void FpSetPage::continueWithAircraft()
+{
+    keepAircraft();
     if (m_set.reLoadNewPlan) { // its name is in the box still
         Q_EMIT setContinues();
         focusIfShown(ui->tab2cmdCreateNewFP);

@@ -42,6 +42,9 @@ public:
     /// Airports were appended to this file by page 1, or to none; the set may be one that waits.
     void continueWithAirports(const QString &path);
 
+    /// Some aircraft were added on page 0: a file that holds them is emptied no more.
+    void keepAircraft();
+
     /// Aircraft were added on page 0; a set that waits for them goes on.
     void continueWithAircraft();
 

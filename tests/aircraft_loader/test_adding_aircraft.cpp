@@ -472,10 +472,12 @@ void TestAddingAircraft::diskThatDoesNotTakeItIsReported()
     AddingPage user("");
     failing_calls::syncFails = [] { return true; };
     const QSignalSpy added(user.window.get(), &AircraftLoaderPage::aircraftAdded);
+    const QSignalSpy some(user.window.get(), &AircraftLoaderPage::aircraftAddedInPart);
     user.add({0, 2});
     QCOMPARE(user.messages(),
              QStringList{"Critical, Add AI Error: " + appendStep + "\rError  57 Device I/O error"});
     QCOMPARE(added.count(), 0);
+    QCOMPARE(some.count(), 1);                                           // a set keeps them
     QCOMPARE(user.available(), (QStringList{"Bravo 477", "Delta 477"})); // the others are written
     QCOMPARE(user.existing().size(), 2);
     QCOMPARE(user.ticked(), QStringList());

@@ -877,10 +877,17 @@ void TestAirportFile::linesThatDoNotReachTheDiskAreReported()
 {
     NEEDS(failingCalls);
     FilePage user;
+    const QSignalSpy added(user.window.get(), &AirportLoaderPage::airportsAdded);
     failing_calls::syncFails = [] { return true; };
     user.append({"Germany"});
     failing_calls::syncFails = nullptr;
     QCOMPARE(user.messages(), QStringList{openFailed + "57 Device I/O error" + openStep});
+    // They stand in the file all the same, and would do so twice after another try.
+    QCOMPARE(user.textFileBytes(), seattleLine + header + germanLines);
+    QCOMPARE(added.count(), 1);
+    QCOMPARE(added[0][0].toString(), FilePage::textFile);
+    QCOMPARE(user.toAdd(), QStringList());
+    QVERIFY(!user.isEnabled("Tab1cmdCreateFile"));
 }
 
 void TestAirportFile::failureLeavesTheChoicesForAnotherTry()

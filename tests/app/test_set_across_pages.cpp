@@ -4,6 +4,7 @@
 #include "app/services/form_state.h"
 #include "platform/controls/dir_list_box.h"
 #include "platform/controls/list_box.h"
+#include "tests/support/failing_calls.h"
 #include "tests/support/program.h"
 
 #include <QAction>
@@ -104,6 +105,7 @@ private Q_SLOTS:
     void setBegunWhileAnothersAirportsAreViewedGoesOn();
     void setBegunWhileAnotherFileIsViewedGetsItsOwnAirports();
     void aircraftAddedLeadBackToPage2();
+    void aircraftAddedBeforeAFailureAreNotEmptied();
     void quitMenuGoesToPage2WhileAirportsAreChosen();
     void airportsOfACreatedSetCanStillBeAdded();
     void setGivenUpLeavesPage1AsItWas();
@@ -277,6 +279,21 @@ void TestSetAcrossPages::aircraftAddedLeadBackToPage2()
     program.find<QTabWidget>("SSTab1")->setCurrentIndex(0);
     program.addPage0sFirst();
     QCOMPARE(program.page(), 0); // no set is waiting any more
+}
+
+void TestSetAcrossPages::aircraftAddedBeforeAFailureAreNotEmptied()
+{
+    NEEDS(failingCalls);
+    const SetProgram program;
+    program.createAirports();
+    program.createAircraft();
+    failing_calls::syncFails = [] { return true; };
+    program.addPage0sFirst();
+    failing_calls::syncFails = nullptr;
+    QCOMPARE(program.page(), 0);
+    program.find<QTabWidget>("SSTab1")->setCurrentIndex(2);
+    program.press("tab2cmdCreateNewFP");
+    QVERIFY(program.sandbox.read(program.aircraft).contains("AC#1,"));
 }
 
 void TestSetAcrossPages::quitMenuGoesToPage2WhileAirportsAreChosen()

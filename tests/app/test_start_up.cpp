@@ -81,6 +81,8 @@ private Q_SLOTS:
     void whatWasNotRestoredIsSavedAsItWasRead();
     void whatTheUserChoosesInsteadIsSaved();
     void unwritableProgramFolderIsReportedOnceAndItsSettingsUsed();
+    void settingsThatCouldNotBeReadAreNotWrittenOverUnseen_data();
+    void settingsThatCouldNotBeReadAreNotWrittenOverUnseen();
     void quittingFromAnUnwritableProgramFolderEndsAfterItsMessage();
     void savedValuesThatNobodyWouldReadAreNoDelay_data();
     void savedValuesThatNobodyWouldReadAreNoDelay();
@@ -664,6 +666,35 @@ void TestStartUp::unwritableProgramFolderIsReportedOnceAndItsSettingsUsed()
         QCOMPARE(program.find<QTabWidget>("SSTab1")->currentIndex(), withSettings ? 3 : 0);
         QCOMPARE(program.find<ListBox>("Tab0List2")->count(), withSettings ? 1 : 0);
     }
+}
+
+void TestStartUp::settingsThatCouldNotBeReadAreNotWrittenOverUnseen_data()
+{
+    QTest::addColumn<bool>("later"); // they can be read
+    QTest::newRow("read at the end") << true;
+    QTest::newRow("never read") << false;
+}
+
+void TestStartUp::settingsThatCouldNotBeReadAreNotWrittenOverUnseen()
+{
+    NEEDS(permissions);
+    QFETCH(bool, later);
+    Program program;
+    program.rememberUsualRun("3");
+    const QString file = program.sandbox.host(Program::settingsFile);
+    const QByteArray before = program.sandbox.read(Program::settingsFile);
+    QFile::setPermissions(file, QFile::WriteOwner);
+    const OrdinaryUser user(program.sandbox);
+    program.start();
+    QCOMPARE(program.outside.dialogs.boxes[0].title, QString("Form Load Error"));
+    if (later) {
+        QFile::setPermissions(file, QFile::ReadOwner | QFile::WriteOwner);
+    }
+    program.quit();
+    QFile::setPermissions(file, QFile::ReadOwner | QFile::WriteOwner);
+    QCOMPARE(program.sandbox.read(Program::settingsFile), later ? "0" + before.sliced(1) : before);
+    QCOMPARE(program.outside.dialogs.boxes.last().title,
+             QString(later ? "Confirm Exit" : "Save Setting Error"));
 }
 
 void TestStartUp::quittingFromAnUnwritableProgramFolderEndsAfterItsMessage()
