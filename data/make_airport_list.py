@@ -35,11 +35,11 @@ NO_AIRPORT = re.compile(r"\b(?:heliport|helipad|duplicate)\b|\(closed\b", re.IGN
 NO_CITY = re.compile(r"\bairfield in the\b", re.IGNORECASE)
 
 ASIDE = re.compile(r"\s*\([^)]*\)|\s+[/-]\s.*|,.*")
-NAME_START = re.compile(r"^(?:(?:Aérodrome|Altiport|Aeródromo)\s+(?:de\s+|d')?|RAAF\s+(?:Base\s+)?|RNZAF\s+Base\s+)")
+NAME_START = re.compile(r"^(?:(?:Aérodrome|Altiport|Aeródromo)\s+(?:de\s+|d')?|Sport Airfield\s+|RAAF\s+(?:Base\s+)?|RNZAF\s+Base\s+)")
 NAME_END = re.compile(
     r"\s+(?:Airport|Airfield|Airstrip|Airbase|Airpark|Aerodrome|Altiport|International|Regional|Municipal"
     r"|(?:Military )?Air Base|Air Force (?:Base|Station)|Glider(?: Field)?|Advanced Landing Ground"
-    r"|Army Aviation Centre|Marine Corps Air Station)$",
+    r"|Army Aviation Centre|Marine Corps Air Station|Private)$",
     re.IGNORECASE,
 )
 
@@ -111,6 +111,14 @@ def place_in(name: str) -> str:
     return place or name
 
 
+def city_of(airport: Airport) -> str:
+    """The airport's city: its place where the source names none, or the airport itself or what it is."""
+    city = clean(airport.city or "")
+    if not city or NO_CITY.search(city):
+        return place_in(clean(airport.name))
+    return place_in(city) if city == clean(airport.name) or NAME_END.search(city) else city
+
+
 def coordinate(degrees: float, positive: str, negative: str) -> str:
     """Hemisphere, degrees and minutes, rounded as a whole so that no minutes read 60.00."""
     hundredths = round(degrees * 6000)
@@ -137,12 +145,11 @@ def make_line(airport: Airport) -> Line:
     """The airport's line."""
     code = SIMULATOR_CODES.get(airport.code, airport.code)
     divided = airport.country_code in ("AU", "CA", "US")
-    name = clean(airport.name)
     return Line(
         country=clean(COUNTRIES.get(airport.country_code, airport.country)),
         province=PROVINCES[airport.province_code or ""] if divided else "",
-        name=name,
-        city=clean("" if NO_CITY.search(airport.city or "") else airport.city or "") or place_in(name),
+        name=clean(airport.name),
+        city=city_of(airport),
         code=code,
         entry=airport_entry(code, airport),
     )

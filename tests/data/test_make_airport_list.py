@@ -101,6 +101,18 @@ class Building(unittest.TestCase):
         self.assertEqual(line.city, "Kyabram")
         self.assertEqual(maker.make_line(airport(city="Lake in the Hills")).city, "Lake in the Hills")
 
+    def test_an_airport_in_place_of_a_city_is_its_place(self) -> None:
+        for city, place in (
+            ("Lavan Airport", "Lavan"),
+            ("Paihia Private Airport", "Paihia"),
+            ("Beale Air Force Base", "Beale"),
+            ("International Falls", "International Falls"),
+            ("Regional City, Upper", "Regional City, Upper"),
+        ):
+            self.assertEqual(maker.make_line(airport(city=city)).city, place)
+        popovi = airport(name="Sport Airfield Popovi", city="Sport Airfield Popovi")
+        self.assertEqual(maker.make_line(popovi).city, "Popovi")
+
     def test_closed_airports_and_foreign_codes_are_left_out(self) -> None:
         self.assertTrue(maker.is_listed(airport()))
         for changes in (
@@ -126,6 +138,10 @@ class ShippedList(unittest.TestCase):
     def test_every_line_ends_with_cr_lf(self) -> None:
         self.assertTrue(self.content.endswith(b"\r\n"))
         self.assertEqual({self.content.count(b"\r\n")}, {self.content.count(b"\r"), self.content.count(b"\n")})
+
+    def test_no_city_is_an_airport(self) -> None:
+        ends = re.compile(r" (?:Airport|Airfield|Airstrip|Private|Air Force Base)$")
+        self.assertEqual([line[4] for line in self.lines if ends.search(line[3])], [])
 
     def test_the_list_is_just_under_its_greatest_length(self) -> None:
         self.assertLess(len(self.lines), maker.MOST_LINES)
