@@ -111,6 +111,7 @@ void TestMainJob::directoryIsPickedByDoubleClick()
 
 void TestMainJob::textFileIsEditedInNotepadAndReadAgain()
 {
+    NEEDS(shellScripts);
     WholeProgram program;
     program.remember();
     program.addProgram("C:\\windows\\system32\\NOTEPAD.EXE",
@@ -131,6 +132,7 @@ void TestMainJob::textFileIsEditedInNotepadAndReadAgain()
 
 void TestMainJob::tToolsRunsWhileTheWindowStaysAlive()
 {
+    NEEDS(shellScripts);
     WholeProgram program;
     program.remember();
     // Runs until it is told to end, and says when it did.
@@ -152,6 +154,7 @@ void TestMainJob::tToolsRunsWhileTheWindowStaysAlive()
 
 void TestMainJob::quittingWhileNotepadIsOpenEndsTheProgram()
 {
+    NEEDS(shellScripts);
     WholeProgram program;
     program.remember();
     program.addProgram("C:\\windows\\system32\\NOTEPAD.EXE",

@@ -63,6 +63,14 @@ public:
     OrdinaryUser &operator=(const OrdinaryUser &) = delete;
 };
 
+namespace host
+{
+
+/// Registers Flight Simulator 2004 in "C:\FS9", for the time that the sandbox lives.
+void installSimulator(const Sandbox &sandbox);
+
+} // namespace host
+
 /// Lets no file grow beyond a size, as a full disk would.
 class FileSizeLimit
 {

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/real_user.h"
 
+#include "tests/support/hands.h"
+
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QFileDialog>
 #include <QMessageBox>
-#include <QProcess>
 #include <QPushButton>
 #include <QStyle>
 #include <QTabBar>
@@ -28,20 +29,6 @@ auto inProgram(Work work)
     QMetaObject::invokeMethod(
         qApp, [&] { result = work(); }, Qt::BlockingQueuedConnection);
     return result;
-}
-
-void tool(const QString &program, const QStringList &arguments)
-{
-    QProcess process;
-    process.start(program, arguments);
-    if (!process.waitForFinished() || process.exitCode() != 0) {
-        throw std::runtime_error((program + ' ' + arguments.join(' ')).toStdString());
-    }
-}
-
-void movePointer(const QPoint &place)
-{
-    tool("xdotool", {"mousemove", QString::number(place.x()), QString::number(place.y())});
 }
 
 QMessageBox *openBox()
@@ -93,8 +80,8 @@ void RealUser::await(const QString &what, const std::function<bool()> &isSo)
 
 void RealUser::clickAt(const QPoint &global, int times)
 {
-    movePointer(global);
-    tool("xdotool", {"click", "--repeat", QString::number(times), "--delay", "60", "1"});
+    hands::movePointer(global);
+    hands::click(times);
 }
 
 QPoint RealUser::centre(QWidget *widget)
@@ -121,7 +108,7 @@ void RealUser::click(const QString &control)
 void RealUser::moveTo(const QString &control)
 {
     const QPoint place = centre(m_window.findChild<QWidget *>(control));
-    movePointer(place);
+    hands::movePointer(place);
 }
 
 QPoint RealUser::entryPosition(const QString &list, int row, bool checkBox)
@@ -160,18 +147,18 @@ void RealUser::beginDrag(const QString &list, int row, const QString &target)
 {
     const QPoint start = entryPosition(list, row, false);
     const QPoint end = centre(shown(target));
-    movePointer(start);
-    tool("xdotool", {"mousedown", "1"});
+    hands::movePointer(start);
+    hands::mouseDown();
     // In steps, as a hand does: the first one starts the drag, the others tell the target of it.
     for (int step = 1; step <= 8; ++step) {
-        movePointer(start + (end - start) * step / 8);
+        hands::movePointer(start + (end - start) * step / 8);
     }
-    movePointer(end + QPoint(3, 3));
+    hands::movePointer(end + QPoint(3, 3));
 }
 
 void RealUser::drop()
 {
-    tool("xdotool", {"mouseup", "1"});
+    hands::mouseUp();
 }
 
 void RealUser::dragEntry(const QString &list, int row, const QString &target)
@@ -191,12 +178,12 @@ void RealUser::clickTab(int page)
 
 void RealUser::press(const QString &keys)
 {
-    tool("xdotool", {"key", keys});
+    hands::press(keys);
 }
 
 void RealUser::type(const QString &text)
 {
-    tool("xdotool", {"type", "--delay", "1", text});
+    hands::type(text);
 }
 
 QString RealUser::box()
@@ -232,24 +219,25 @@ void RealUser::answer(const QString &button)
 
 void RealUser::chooseFile(const QString &hostPath)
 {
-    const auto dialog = [] {
-        return qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+    const auto isOpen = [] {
+        const auto *const own = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+        return hands::isFileDialogOpen() || (own != nullptr && own->isActiveWindow());
     };
-    await("the file dialog", [&] { return dialog() != nullptr && dialog()->isActiveWindow(); });
+    await("the file dialog", isOpen);
     type(hostPath);
     press("Return");
-    await("the file dialog to close", [&] { return dialog() == nullptr; });
+    await("the file dialog to close", [&] { return !isOpen(); });
 }
 
 void RealUser::closeWindow()
 {
-    tool("xdotool", {"key", "alt+F4"});
+    hands::press("alt+F4");
 }
 
 void RealUser::shoot(const QString &name)
 {
     const QString folder = qEnvironmentVariable("SCREENSHOTS");
     if (!folder.isEmpty()) {
-        tool("import", {"-window", "root", folder + '/' + name + ".png"});
+        hands::shoot(folder + '/' + name + ".png");
     }
 }

@@ -35,12 +35,7 @@ public:
         addAircraft("C172", "Cessna <b>&Blue", "124");
         sandbox.write(textFile, existing);
         sandbox.write("C:\\windows\\system32\\ZENTAM.OCX", smallAirportList);
-        QFile registry(sandbox.prefix() + "/system.reg");
-        if (registry.open(QIODevice::WriteOnly)) {
-            registry.write(
-                "WINE REGISTRY Version 2\n\n[Software\\\\Microsoft\\\\Microsoft Games\\\\"
-                "Flight Simulator\\\\9.0] 1\n\"EXE Path\"=\"C:\\\\FS9\"\n");
-        }
+        host::installSimulator(sandbox);
     }
 
     void addAircraft(const QString &folder, const QByteArray &title, const QByteArray &speed) const

@@ -59,6 +59,16 @@ void HostDrives::add(QChar letter, const QString &hostFolder)
     QFile::link(hostFolder, m_folder + "/dosdevices/" + letter + ':');
 }
 
+void host::installSimulator(const Sandbox &sandbox)
+{
+    QFile registry(sandbox.prefix() + "/system.reg");
+    if (!registry.open(QIODevice::WriteOnly)) {
+        throw std::runtime_error("cannot write the registry");
+    }
+    registry.write("WINE REGISTRY Version 2\n\n[Software\\\\Microsoft\\\\Microsoft Games\\\\"
+                   "Flight Simulator\\\\9.0] 1\n\"EXE Path\"=\"C:\\\\FS9\"\n");
+}
+
 OrdinaryUser::OrdinaryUser(const Sandbox &sandbox)
 {
     if (geteuid() != 0) {

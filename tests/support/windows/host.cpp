@@ -2,9 +2,14 @@
 // Windows itself, or Wine, which stands in for it.
 #include "tests/support/host.h"
 
+#include "platform/registry.h"
 #include "platform/windows/drives.h"
 
 #include <QDir>
+
+#include <utility>
+
+#include <windows.h>
 
 const bool host::permissions = false;
 const bool host::links = false;
@@ -34,6 +39,26 @@ void HostDrives::add(QChar letter, const QString &hostFolder)
 {
     m_drives[letter] = hostFolder;
     paths::setDrives(m_drives);
+}
+
+void host::installSimulator(const Sandbox & /*sandbox*/)
+{
+    // The machine's own registry stays as it is: the process sees another in its place.
+    constexpr auto place = L"Software\\Morlen Utilities Test";
+    ::RegDeleteTreeW(HKEY_CURRENT_USER, place);
+    for (const auto &[root, name] :
+         {std::pair{HKEY_LOCAL_MACHINE, L"Software\\Morlen Utilities Test\\Machine"},
+          std::pair{HKEY_CURRENT_USER, L"Software\\Morlen Utilities Test\\User"}}) {
+        HKEY key = nullptr;
+        if (::RegCreateKeyW(HKEY_CURRENT_USER, name, &key) != ERROR_SUCCESS ||
+            ::RegOverridePredefKey(root, key) != ERROR_SUCCESS) {
+            qFatal("no registry for tests");
+        }
+        ::RegCloseKey(key);
+    }
+    systemRegistry()->setValue(RegistryHive::LocalMachine,
+                               "Software\\Microsoft\\Microsoft Games\\Flight Simulator\\9.0",
+                               "EXE Path", QString("C:\\FS9"));
 }
 
 OrdinaryUser::OrdinaryUser(const Sandbox & /*sandbox*/) {}
