@@ -59,7 +59,7 @@ void dump(const Sandbox &sandbox)
                     }
                 }},
                // Answered No, which takes the tick away.
-               {"dump", [&] { box->click(); }, {{"bare write", 5}}}});
+               {"dump", [&] { box->click(); }, {{"bare write", 15}}}});
 }
 
 } // namespace

@@ -3,6 +3,8 @@
 #include "platform/registry.h"
 #include "tests/support/failure.h"
 
+#include <QProcess>
+#include <QRegularExpression>
 #include <QtTest>
 
 #include <windows.h>
@@ -40,6 +42,7 @@ private Q_SLOTS:
     void textWithoutItsEndIsReadWhole();
     void otherKindsAreNothing();
     void machineIsSeenAs32BitProgramsSeeIt();
+    void systemsOwnToolAgrees();
 };
 
 void TestWindowsRegistry::cleanup()
@@ -109,5 +112,27 @@ void TestWindowsRegistry::machineIsSeenAs32BitProgramsSeeIt()
             RegistryData(QString("C:\\FS9")));
 }
 
-QTEST_APPLESS_MAIN(TestWindowsRegistry)
+void TestWindowsRegistry::systemsOwnToolAgrees()
+{
+    const auto reg = [](const QStringList &words) {
+        QProcess tool;
+        tool.start("reg", words);
+        tool.waitForFinished();
+        return QString::fromLocal8Bit(tool.readAllStandardOutput());
+    };
+    m_registry->setValue(RegistryHive::CurrentUser, key, "Ours", QString("C:\\A b"));
+    m_registry->setValue(RegistryHive::CurrentUser, key, "Number", std::uint32_t{42});
+    const QString told = reg({"query", "HKCU\\" + key});
+    QVERIFY2(told.contains(QRegularExpression(R"(Ours\s+REG_SZ\s+C:\\A b\s)")), qPrintable(told));
+    QVERIFY2(told.contains(QRegularExpression(R"(Number\s+REG_DWORD\s+0x2a\s)")), qPrintable(told));
+
+    reg({"add", "HKCU\\" + key, "/v", "Theirs", "/d", "C:\\C d", "/f"});
+    QVERIFY(m_registry->value(RegistryHive::CurrentUser, key, "Theirs") ==
+            RegistryData(QString("C:\\C d")));
+    reg({"add", "HKLM\\" + key, "/v", "Theirs", "/d", "C:\\FS9", "/f", "/reg:32"});
+    QVERIFY(m_registry->value(RegistryHive::LocalMachine, key, "Theirs") ==
+            RegistryData(QString("C:\\FS9")));
+}
+
+QTEST_GUILESS_MAIN(TestWindowsRegistry)
 #include "test_windows_registry.moc"
