@@ -215,6 +215,8 @@ void appendLines(const QString &path, const QByteArray &bytes)
 }
 
 struct Lock::File {
+    explicit File(int opened) : descriptor(opened) {}
+
     Descriptor descriptor;
 };
 
@@ -223,7 +225,7 @@ Lock::Lock(const QString &path)
     constexpr int longestWait = 5000; // milliseconds; the other copy may have been stopped
     constexpr int pause = 10;
     try {
-        m_file.reset(new File{Descriptor(openFile(hostName(path), O_WRONLY))});
+        m_file = std::make_unique<File>(openFile(hostName(path), O_WRONLY));
     } catch (const RuntimeError &) {
         return; // whoever writes to it says why
     }
