@@ -5,6 +5,7 @@
 #include "platform/blind_to_case.h"
 #include "platform/runtime_error.h"
 
+#include <QDir>
 #include <QStringBuilder>
 
 #include <algorithm>
@@ -71,6 +72,18 @@ QString join(const QString &folder, const QString &name)
 QString fileName(const QString &path)
 {
     return path.sliced(path.lastIndexOf(u'\\') + 1);
+}
+
+QString currentDirectory()
+{
+    return fromHost(QDir::currentPath());
+}
+
+void setCurrentDirectory(const QString &windowsPath)
+{
+    if (!QDir::setCurrent(toHost(windowsPath))) {
+        throw RuntimeError(ErrorNumber::PathNotFound);
+    }
 }
 
 } // namespace paths

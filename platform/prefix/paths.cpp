@@ -180,16 +180,4 @@ QString systemDirectory()
     return u"C:\\windows\\system32"_s;
 }
 
-QString currentDirectory()
-{
-    return fromHost(QDir::currentPath());
-}
-
-void setCurrentDirectory(const QString &windowsPath)
-{
-    if (!QDir::setCurrent(toHost(windowsPath))) {
-        throw RuntimeError(ErrorNumber::PathNotFound);
-    }
-}
-
 } // namespace paths

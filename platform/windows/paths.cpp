@@ -122,16 +122,4 @@ QString systemDirectory()
     return ownDrives().isEmpty() ? directory(::GetSystemDirectoryW) : u"C:\\windows\\system32"_s;
 }
 
-QString currentDirectory()
-{
-    return fromHost(QDir::currentPath());
-}
-
-void setCurrentDirectory(const QString &windowsPath)
-{
-    if (!QDir::setCurrent(toHost(windowsPath))) {
-        throw RuntimeError(ErrorNumber::PathNotFound);
-    }
-}
-
 } // namespace paths
